@@ -1,0 +1,52 @@
+// Turns a LAS file into a well and its logs.
+#pragma once
+
+#include "NORLEX_export.h"
+#include "NORLEX_lasfileExt.h"
+#include "NORLEX_wellDescription.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class odbc_database;
+
+// What to do when the well has a log of the same name and group already.
+enum class NORLEX_onExisting : int { fail, skip, replace };
+
+struct NORLEX_lasImportOptions {
+    std::wstring workObject;      // of the well, where the file is to be filed
+    std::wstring field;           // empty: the file's own FLD entry
+    std::wstring group = L"LAS";  // group of the logs
+    ts::strconv::encodings encoding = ts::strconv::detect;
+    NORLEX_onExisting onExisting = NORLEX_onExisting::fail;
+    bool dryRun = false; // read and check everything, write nothing
+};
+
+struct NORLEX_lasImportResult {
+    bool ok = false;
+    NORLEX_wellDescription well;
+    bool wellCreated = false;
+    std::size_t curves = 0;  // in the file
+    std::size_t created = 0; // logs written
+    std::size_t rows = 0;
+    std::uint64_t skippedCount = 0;
+    std::vector<NORLEX_lasSkippedLine> skipped; // the first 1000
+    std::wstring error;                         // why not ok; one line
+};
+
+// Each file is one transaction of the container: its rows and sample files are there wholly or
+// not at all. The well is found by work object, field and name, or created; a new well takes its
+// position and altitude from the header where it has them. Depths in feet are stored in metres.
+// Samples are stored in increasing measured depth with the file's null value as "missing".
+class NORLEX_API NORLEX_lasImport {
+public:
+    NORLEX_lasImport(odbc_database* db, NORLEX_lasImportOptions options);
+
+    [[nodiscard]] NORLEX_lasImportResult importFile(const std::wstring& path);
+
+private:
+    odbc_database* m_db;
+    NORLEX_lasImportOptions m_options;
+};

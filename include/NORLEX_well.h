@@ -1,0 +1,188 @@
+// One borehole: its identity, position, properties and survey.
+#pragma once
+
+#include "NORLEX_dataType.h"
+#include "NORLEX_depthRange.h"
+#include "NORLEX_export.h"
+#include "NORLEX_inclinometry.h"
+#include "NORLEX_propDescription.h"
+#include "NORLEX_wellDescription.h"
+#include "NORLEX_wellProperty.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class globalEventObserver;
+class odbc_database;
+
+// What a property list shows of each property.
+struct NORLEX_propertyInfo {
+    NORLEX_propDescription description;
+    std::int64_t propertyId = 0;
+    NORLEX_dataType type = NORLEX_dataTypeUnknown;
+    std::wstring templateName;
+    std::wstring unit; // attribute "UNITS"
+    std::wstring comment;
+    std::uint64_t records = 0;
+    std::optional<NORLEX_depthRange> range; // none without records
+};
+
+// What a well list shows of each well.
+struct NORLEX_wellInfo {
+    NORLEX_wellDescription description;
+    double altitude = 0.0;
+    double x = 0.0;
+    double y = 0.0;
+    std::optional<double> bottom; // none while it is not set
+    std::int64_t properties = 0;
+    std::int64_t stations = 0; // stored survey rows
+};
+
+// The triple (work object, field, name) is unique in a container; work object and field may be
+// empty, a name may not. Apostrophes are dropped from names wherever they are given. A name whose
+// spelling as a file name is longer than 240 bytes is refused. The database is not owned.
+class NORLEX_API NORLEX_well {
+public:
+    NORLEX_well(odbc_database* db, const NORLEX_wellDescription& description);
+    NORLEX_well(odbc_database* db, std::uint32_t wellId);
+    ~NORLEX_well();
+    NORLEX_well(const NORLEX_well&) = delete;
+    NORLEX_well& operator=(const NORLEX_well&) = delete;
+
+    // A new well stands at altitude 0 and position (0, 0). An existing triple is refused.
+    [[nodiscard]] static bool create(odbc_database* db, const NORLEX_wellDescription& description);
+    [[nodiscard]] static bool isExist(odbc_database* db, const NORLEX_wellDescription& description);
+    // Deletes the well with every row and file that belongs to it, in one transaction.
+    [[nodiscard]] static bool remove(odbc_database* db, const NORLEX_wellDescription& description);
+    [[nodiscard]] static std::uint32_t getID(odbc_database* db, // 0 when there is none
+                                             const NORLEX_wellDescription& description);
+    [[nodiscard]] static std::wstring getWellNameByID(odbc_database* db, std::uint32_t wellId);
+    [[nodiscard]] static std::wstring getWellFieldByID(odbc_database* db, std::uint32_t wellId);
+    [[nodiscard]] static std::wstring getWellWorkObjectByID(odbc_database* db, std::uint32_t wellId);
+    [[nodiscard]] static NORLEX_wellDescription getDescription(odbc_database* db,
+                                                               std::uint32_t wellId);
+
+    static void getWorkObjectList(odbc_database* db, std::vector<std::wstring>& workObjects);
+    static void getFieldList(odbc_database* db, std::vector<std::wstring>& fields);
+    static void getFieldList(odbc_database* db,
+                             const std::wstring& workObject,
+                             std::vector<std::wstring>& fields);
+    // Ordered by work object, field and name: all, of one field, of one work object's field.
+    static void getWellList(odbc_database* db, std::vector<NORLEX_wellDescription>& wells);
+    static void getWellList(odbc_database* db,
+                            const std::wstring& field,
+                            std::vector<NORLEX_wellDescription>& wells);
+    static void getWellList(odbc_database* db,
+                            const std::wstring& workObject,
+                            const std::wstring& field,
+                            std::vector<NORLEX_wellDescription>& wells);
+    // The same order, with position and counts, in a constant number of statements.
+    static void getWellInfoList(odbc_database* db, std::vector<NORLEX_wellInfo>& wells);
+
+    [[nodiscard]] static double getAltitude(odbc_database* db, const NORLEX_wellDescription& well);
+    [[nodiscard]] static double getBottomBaseValue(odbc_database* db,
+                                                   const NORLEX_wellDescription& well);
+    [[nodiscard]] static double getXCoord(odbc_database* db, const NORLEX_wellDescription& well);
+    [[nodiscard]] static double getYCoord(odbc_database* db, const NORLEX_wellDescription& well);
+    [[nodiscard]] static bool setPosition(odbc_database* db,
+                                          const NORLEX_wellDescription& well,
+                                          double x,
+                                          double y);
+    [[nodiscard]] static std::int64_t getPropertyCount(odbc_database* db,
+                                                       const NORLEX_wellDescription& well);
+
+    // Identity. Renaming moves the well's files; a failed move undoes it. It is announced.
+    [[nodiscard]] bool open(const NORLEX_wellDescription& description);
+    [[nodiscard]] bool isOK() const;
+    [[nodiscard]] std::uint32_t getID() const;
+    [[nodiscard]] const std::wstring& getUUID() const;
+    [[nodiscard]] std::wstring getName() const;
+    [[nodiscard]] std::wstring getFld() const;
+    [[nodiscard]] std::wstring getWorkObjectName() const;
+    [[nodiscard]] NORLEX_wellDescription getDescription() const;
+    [[nodiscard]] bool setName(const std::wstring& name);
+    [[nodiscard]] bool setName(const std::wstring& name, const std::wstring& field);
+    [[nodiscard]] bool setFld(const std::wstring& field);
+    // All three at once.
+    [[nodiscard]] bool rename(const NORLEX_wellDescription& newDescription);
+    [[nodiscard]] std::wstring getCreateDate() const;
+    [[nodiscard]] std::wstring getCreateUser() const;
+    [[nodiscard]] std::wstring getUpdateDate() const;
+    [[nodiscard]] std::wstring getUpdateUser() const;
+    [[nodiscard]] bool updateEditTime();
+
+    // Position. A number that is not finite is refused. Setting the altitude moves every absolute
+    // depth of the well: surveys and logs follow.
+    [[nodiscard]] double getAltitude() const;
+    [[nodiscard]] bool setAltitude(double altitude);
+    [[nodiscard]] double getXCoord() const;
+    [[nodiscard]] bool setXCoord(double x);
+    [[nodiscard]] double getYCoord() const;
+    [[nodiscard]] bool setYCoord(double y);
+    // Coordinates of the hole at an absolute depth, in the container's projection.
+    void getCoord(double absDepth, double& x, double& y);
+    [[nodiscard]] bool setPosition(double x, double y);
+    [[nodiscard]] bool setPosition(double x, double y, double altitude);
+    // The stored bottom; where none is set, the largest measured depth that survey and logs know.
+    [[nodiscard]] double getBottom();
+    [[nodiscard]] double getBottomBaseValue() const; // 0.0 while none is set
+    [[nodiscard]] bool setBottom(double depth);      // stored with two decimals
+    [[nodiscard]] bool resetBottom();
+
+    // Properties.
+    [[nodiscard]] bool createProperty(NORLEX_dataType type, const NORLEX_propDescription& prop);
+    [[nodiscard]] bool createPropertyFromTemplate(const std::wstring& templateName,
+                                                  const NORLEX_propDescription& prop);
+    [[nodiscard]] std::unique_ptr<NORLEX_wellProperty> // null when there is none
+    openProperty(const NORLEX_propDescription& prop);
+    [[nodiscard]] bool removeProperty(const NORLEX_propDescription& prop);
+    void getPropertyList(std::vector<NORLEX_propDescription>& properties) const; // by group, name
+    void getPropertyInfoList(std::vector<NORLEX_propertyInfo>& properties) const;
+    [[nodiscard]] std::int64_t getPropertyCount() const;
+    [[nodiscard]] bool isPropertyExist(const NORLEX_propDescription& prop) const;
+    [[nodiscard]] bool isPropertyExistAny(const std::wstring& name) const;
+    void getPropertyGroupList(std::vector<std::wstring>& groups) const;
+    void getPropertyForGroup(const std::wstring& group, std::vector<std::wstring>& names) const;
+    // From the first and the last sample of a log; false when it is none or has no samples.
+    [[nodiscard]] bool getPropertyLasDepthRange(const NORLEX_propDescription& prop,
+                                                NORLEX_depthRange& range) const;
+
+    // Survey. The pointer stays the well's and is valid while the well is.
+    [[nodiscard]] NORLEX_inclinometry* getIncl();
+    [[nodiscard]] bool clearIncl();
+    [[nodiscard]] bool checkIncl();
+    // Replaces the stored survey, reloads it, recomputes the absolute depths of the well's logs,
+    // announces the change unless `silent`, and stamps the well. Stations equal to those held
+    // change nothing.
+    [[nodiscard]] bool loadInclFromData(const std::vector<inclData>& stations, bool silent);
+    // The same from a survey listing: text whose data lie between the second and the third line
+    // with a "=", depth, angle and azimuth first on each line.
+    [[nodiscard]] bool loadInclFromLST(const std::wstring& path, bool silent);
+
+    // Writes logs into one LAS 2.0 file on a common depth grid: depths with one decimal, values
+    // with three. Nothing is returned: an empty list, a step of 0 or a file that cannot be opened
+    // leaves no file.
+    void exportLAS(const std::wstring& path, const std::vector<NORLEX_wellProperty*>& properties);
+    // Writes every sample at its own depth, with as many decimals as read back the same number,
+    // the file's own null value and header entries, in UTF-8.
+    [[nodiscard]] bool exportLASExact(const std::wstring& path,
+                                      const std::vector<NORLEX_wellProperty*>& properties);
+
+    [[nodiscard]] globalEventObserver& getEventObserver() const;
+
+private:
+    [[nodiscard]] bool openRow(std::uint32_t wellId);
+    [[nodiscard]] std::wstring column(const wchar_t* name) const;
+    [[nodiscard]] bool storeIncl(const std::vector<inclData>& stations, bool silent);
+    [[nodiscard]] bool recalcProperties();
+
+    odbc_database* m_db = nullptr;
+    std::uint32_t m_wellId = 0;
+    std::wstring m_projection;
+    std::wstring m_uuid;
+    std::unique_ptr<NORLEX_inclinometry> m_incl;
+    bool m_ok = false;
+};

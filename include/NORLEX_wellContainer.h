@@ -1,0 +1,97 @@
+// One open well database and the factory of everything in it.
+#pragma once
+
+#include "NORLEX_contDescription.h"
+#include "NORLEX_export.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+class odbc_database;
+
+enum class NORLEX_versionStatus : int { current = 0, needsUpgrade = 1, unreadable = 2 };
+
+// Objects made from a container borrow its connection and must not outlive it.
+class NORLEX_API NORLEX_wellContainer {
+public:
+    static constexpr int currentVersion = 36; // of the schema
+
+    // Opens the database at once; isOK() tells whether that succeeded.
+    explicit NORLEX_wellContainer(const NORLEX_contDescription& description);
+    ~NORLEX_wellContainer();
+    NORLEX_wellContainer(const NORLEX_wellContainer&) = delete;
+    NORLEX_wellContainer& operator=(const NORLEX_wellContainer&) = delete;
+
+    // A local file becomes type 1, with its files in a folder of its name beside it; a server
+    // description file becomes type 2 and is read.
+    [[nodiscard]] static NORLEX_contDescription makeDescription(const std::wstring& path);
+
+    // True only when the first line is exactly "[TESSARO_welldb_Server_Description]".
+    [[nodiscard]] static bool isServerDBFile(const std::wstring& path);
+
+    // Adds the settings of a server description file to `description`.
+    static void makeServerConnectionString(const std::wstring& path,
+                                           NORLEX_contDescription& description);
+
+    // Makes a new database with the standard templates. An existing local file is deleted first;
+    // one that is in use is left as it was, and the answer is false.
+    [[nodiscard]] static bool create(const NORLEX_contDescription& description);
+
+    // Whether opening would succeed as far as can be told without changing anything: path,
+    // extension, connection and a readable version no newer than this library's.
+    [[nodiscard]] static bool isContCanOpen(const NORLEX_contDescription& description);
+
+    [[nodiscard]] bool isOK() const;
+    [[nodiscard]] int getVersionNumber() const; // 0 when it cannot be read
+    [[nodiscard]] NORLEX_versionStatus getVersionStatus() const;
+
+    // Brings an older schema to the current version after asking the user.
+    [[nodiscard]] bool updateVersion();
+
+    // Points the open container at another ".well2" file. On failure the container stays closed.
+    [[nodiscard]] bool updateConnectionPath(const std::wstring& newPath);
+
+    [[nodiscard]] const NORLEX_contDescription& getContDescription() const;
+    [[nodiscard]] std::wstring getConnectionPath() const;
+    [[nodiscard]] std::wstring getFileContainerPath() const;
+    [[nodiscard]] odbc_database* getBaseLink() const; // null while closed; stays the container's
+    [[nodiscard]] std::wstring getUUID() const;
+
+    [[nodiscard]] std::wstring getCreateDate() const;
+    [[nodiscard]] std::wstring getCreateUser() const;
+    [[nodiscard]] std::wstring getUpdateDate() const;
+    [[nodiscard]] std::wstring getUpdateUser() const;
+
+    // The container's projection, a PROJ.4 text.
+    [[nodiscard]] std::wstring getProjection() const;
+    [[nodiscard]] bool setProjection(const std::wstring& projection);
+
+    [[nodiscard]] std::int64_t getWellCount() const;
+    [[nodiscard]] std::int64_t getPropertyCount() const;
+    [[nodiscard]] std::int64_t getTemplateCount() const;
+
+    // Stamp the container, wells, or one property of wells, as edited now by the current user.
+    // `wellKeys` is a comma-separated list of well keys.
+    [[nodiscard]] bool updateEditTimeContainer();
+    [[nodiscard]] bool updateEditTimeWell(const std::wstring& wellKeys);
+    [[nodiscard]] bool updateEditTimeProp(const std::wstring& wellKeys,
+                                          const std::wstring& propName,
+                                          const std::wstring& propGroup);
+
+    // Drop the schema's three indexes before a bulk load, and build them again after it.
+    [[nodiscard]] bool beginBatchLoad();
+    [[nodiscard]] bool endBatchLoad();
+
+    // Group what follows into one transaction; levels nest. end() answers false and undoes the
+    // level when something inside it failed.
+    [[nodiscard]] bool beginTransaction();
+    [[nodiscard]] bool endTransaction();
+    void rollbackTransaction();
+
+private:
+    [[nodiscard]] bool openContainer(const NORLEX_contDescription& description);
+
+    NORLEX_contDescription m_description;
+    std::unique_ptr<odbc_database> m_db;
+};

@@ -1,0 +1,258 @@
+#include "platform/change_journal.h"
+
+#include "platform/files.h"
+#include "platform/last_error.h"
+#include "platform/strconv.h"
+#include "platform/uuid.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string_view>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+namespace changeJournal {
+
+namespace {
+
+constexpr const char* pendingName = ".pending";
+constexpr const char* journalExtension = ".changes";
+
+fs::path pendingFolder(const fs::path& root) {
+    return root / pendingName;
+}
+
+fs::path journalPath(const fs::path& root, const std::wstring& id) {
+    return pendingFolder(root) / (ts::strconv::toUtf8(id) + journalExtension);
+}
+
+bool refuseAt(const wchar_t* what, const fs::path& path, const std::wstring& why) {
+    return refuse(std::wstring(what) + L" " + files::wide(path) + L": " + why);
+}
+
+bool renamed(const fs::path& from, const fs::path& to) {
+    std::error_code code;
+    fs::rename(from, to, code);
+    return !code || refuseAt(L"cannot move", from, ts::strconv::fromUtf8(code.message()));
+}
+
+// What was not done, or is undone already, is no failure: an undo may be interrupted and repeated.
+bool undoOne(const change& done) {
+    std::error_code code;
+    if (done.what == kind::folder) {
+        fs::remove(done.path, code);
+        return true; // others may have put something there since
+    }
+    if (done.what == kind::created) {
+        fs::remove_all(done.path, code);
+        return !code
+               || refuseAt(L"cannot remove", done.path, ts::strconv::fromUtf8(code.message()));
+    }
+    if (!fs::exists(fs::symlink_status(done.other, code)))
+        return true;
+    if (done.what == kind::aside)
+        fs::remove_all(done.path, code); // the new content, if it came that far
+    return renamed(done.other, done.path);
+}
+
+std::string lineOf(const fs::path& root, const change& done) {
+    std::string line(1, static_cast<char>(done.what));
+    line += '\t' + done.path.lexically_relative(root).native();
+    if (!done.other.empty())
+        line += '\t' + done.other.lexically_relative(root).native();
+    return line + '\n';
+}
+
+change changeOf(const fs::path& root, std::string_view line) {
+    const auto first = line.find('\t');
+    const auto second = line.find('\t', first + 1);
+    change done{
+        static_cast<kind>(line.front()), root / line.substr(first + 1, second - first - 1), {}};
+    if (second != std::string_view::npos)
+        done.other = root / line.substr(second + 1);
+    return done;
+}
+
+// The last line may be cut short: its operation was not begun.
+std::vector<change> readChanges(const fs::path& root, int file) {
+    std::string text;
+    char buffer[4096];
+    for (ssize_t got = 0; (got = ::read(file, buffer, sizeof buffer)) > 0;)
+        text.append(buffer, static_cast<std::size_t>(got));
+    std::vector<change> changes;
+    std::string_view rest = text;
+    for (auto end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
+        const auto line = rest.substr(0, end);
+        if (line.size() > 2 && line[1] == '\t')
+            changes.push_back(changeOf(root, line));
+        rest.remove_prefix(end + 1);
+    }
+    return changes;
+}
+
+} // namespace
+
+writer::writer(fs::path root) : m_root(std::move(root)) {}
+
+writer::~writer() {
+    if (m_file < 0)
+        return;
+    std::error_code ignored;
+    fs::remove_all(folder(), ignored);
+    fs::remove(journalPath(m_root, m_id), ignored);
+    ::close(m_file);
+    fs::remove(pendingFolder(m_root), ignored); // stays while another's journal is in it
+}
+
+fs::path writer::folder() const {
+    return pendingFolder(m_root) / ts::strconv::toUtf8(m_id);
+}
+
+bool writer::open() {
+    // Another process may remove the empty folder, or the journal before it is locked.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        m_id = newUuid();
+        if (!files::makeFolder(files::wide(pendingFolder(m_root))))
+            return false;
+        m_file = ::open(journalPath(m_root, m_id).c_str(),
+                        O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC,
+                        0666);
+        if (m_file < 0 && errno == ENOENT)
+            continue;
+        if (m_file < 0)
+            return refuseAt(L"cannot write", journalPath(m_root, m_id), files::reason(errno));
+        struct stat state {};
+        if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &state) == 0
+            && state.st_nlink > 0)
+            return files::makeFolder(files::wide(folder()));
+        ::close(std::exchange(m_file, -1));
+    }
+    return refuseAt(L"cannot write", pendingFolder(m_root), L"it is removed again and again");
+}
+
+bool writer::note(const change& done) {
+    const std::string line = lineOf(m_root, done);
+    if (line.find('\n') + 1 != line.size())
+        return refuseAt(L"cannot change", done.path, L"its name holds a line end");
+    if (::write(m_file, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
+        return refuseAt(L"cannot write", journalPath(m_root, m_id), files::reason(errno));
+    m_changes.push_back(done);
+    m_ends.push_back((m_ends.empty() ? 0 : m_ends.back()) + line.size());
+    return true;
+}
+
+fs::path writer::newName() {
+    return folder() / (std::to_string(++m_names) + ".new");
+}
+
+bool writer::setAside(const fs::path& path) {
+    const fs::path aside = folder() / (std::to_string(++m_names) + ".old");
+    // Other than a new file, an old content is lost if power fails before the line is on disk.
+    return note({kind::aside, path, aside}) && ::fdatasync(m_file) == 0 && renamed(path, aside);
+}
+
+bool writer::makeFolders(const fs::path& folder) {
+    std::error_code code;
+    std::vector<fs::path> missing;
+    for (fs::path step = folder; !fs::is_directory(step, code) && step != step.parent_path();
+         step = step.parent_path())
+        missing.push_back(step);
+    for (auto step = missing.rbegin(); step != missing.rend(); ++step)
+        if (!note({kind::folder, *step, {}}) || !files::makeFolder(files::wide(*step)))
+            return false;
+    return true;
+}
+
+void writer::wrote(const fs::path& path) {
+    m_written.push_back(path);
+}
+
+bool writer::move(const fs::path& from, const fs::path& to) {
+    if (!note({kind::moved, from, to}) || !renamed(from, to))
+        return false;
+    followMove(from, to);
+    return true;
+}
+
+// Files to be flushed are known by where they are now.
+void writer::followMove(const fs::path& from, const fs::path& to) {
+    for (auto& path : m_written) {
+        const auto below = path.lexically_relative(from);
+        if (!below.empty() && *below.begin() != "..")
+            path = below == "." ? to : to / below;
+    }
+}
+
+void writer::undoTo(std::size_t mark) {
+    while (m_changes.size() > mark) {
+        const change last = std::move(m_changes.back());
+        m_changes.pop_back();
+        m_ends.pop_back();
+        static_cast<void>(undoOne(last));
+        if (last.what == kind::moved)
+            followMove(last.other, last.path);
+    }
+    static_cast<void>(::ftruncate(m_file, static_cast<off_t>(m_ends.empty() ? 0 : m_ends.back())));
+}
+
+void writer::keep() {
+    m_changes.clear();
+    m_written.clear();
+}
+
+remains::remains(fs::path root, std::wstring id, int lockedFile)
+    : m_root(std::move(root)), m_id(std::move(id)), m_file(lockedFile) {}
+
+remains::remains(remains&& other) noexcept
+    : m_root(std::move(other.m_root)), m_id(std::move(other.m_id)),
+      m_file(std::exchange(other.m_file, -1)) {}
+
+remains::~remains() {
+    if (m_file >= 0)
+        ::close(m_file);
+}
+
+bool remains::undo() {
+    const auto changes = readChanges(m_root, m_file);
+    for (auto done = changes.rbegin(); done != changes.rend(); ++done)
+        if (!undoOne(*done))
+            return false;
+    return true;
+}
+
+void remains::drop() {
+    std::error_code ignored;
+    fs::remove_all(pendingFolder(m_root) / ts::strconv::toUtf8(m_id), ignored);
+    fs::remove(journalPath(m_root, m_id), ignored);
+    fs::remove(pendingFolder(m_root), ignored);
+}
+
+std::vector<remains> abandoned(const fs::path& root) {
+    std::vector<remains> found;
+    std::error_code code;
+    for (fs::directory_iterator i(pendingFolder(root), code), end; !code && i != end;
+         i.increment(code)) {
+        if (i->path().extension() != journalExtension)
+            continue;
+        const int file = ::open(i->path().c_str(), O_RDONLY | O_CLOEXEC);
+        if (file >= 0 && ::flock(file, LOCK_EX | LOCK_NB) == 0)
+            found.emplace_back(root, files::wide(i->path().stem()), file);
+        else if (file >= 0)
+            ::close(file);
+    }
+    return found;
+}
+
+void removeEmptyFolders(const fs::path& root, fs::path folder) {
+    std::error_code code;
+    while (!folder.lexically_relative(root).empty() && folder != root
+           && *folder.lexically_relative(root).begin() != ".." && fs::remove(folder, code))
+        folder = folder.parent_path();
+}
+
+} // namespace changeJournal

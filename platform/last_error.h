@@ -1,0 +1,8 @@
+// Sets the line that NORLEX_lastError() answers.
+#pragma once
+
+#include <string>
+
+// Keeps `line` as this thread's last error and answers false, so that a refusal reads
+// `return refuse(L"…")`. Set it where the refusal is decided, once.
+bool refuse(std::wstring line);

@@ -1,0 +1,215 @@
+#include "odbc_database.h"
+
+#include "platform/last_error.h"
+#include "platform/sql_driver.h"
+#include "platform/strconv.h"
+#include "platform/transaction_files.h"
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+// One nesting level of a transaction, and where its side effects begin.
+struct level {
+    bool doomed = false;
+    std::size_t firstAction = 0;
+    std::size_t firstFile = 0;
+};
+
+} // namespace
+
+struct odbc_database::connection {
+    explicit connection(odbc_database* db) : files(db) {}
+
+    std::unique_ptr<sql_driver> driver;
+    std::string connectionString;
+    std::wstring fileContainerPath;
+    std::wstring user;
+    std::wstring error;
+    std::vector<level> levels;
+    std::vector<std::function<void()>> actions; // to run after the commit
+    transaction_files files;
+
+    bool fail(std::wstring text) {
+        error = std::move(text);
+        return refuse(L"database " + ts::strconv::fromUtf8(connectionString) + L": " + error);
+    }
+    bool failDriver() { return fail(ts::strconv::fromUtf8(driver->error())); }
+    bool isDoomed() const { return !levels.empty() && levels.back().doomed; }
+};
+
+odbc_database::odbc_database() : m_connection(std::make_unique<connection>(this)) {}
+
+odbc_database::~odbc_database() {
+    disconnect();
+}
+
+bool odbc_database::connect(const std::string& connectionString) {
+    disconnect();
+    auto& c = *m_connection;
+    c.connectionString = connectionString;
+    auto driver = makeDriver(connectionString);
+    if (!driver)
+        return c.fail(L"no driver serves this kind of database; a local file is expected");
+    c.driver = std::move(driver);
+    if (!c.driver->connect(connectionString)) {
+        c.failDriver();
+        c.driver.reset();
+        return false;
+    }
+    c.user = ts::strconv::fromUtf8(c.driver->user());
+    return true;
+}
+
+void odbc_database::disconnect() {
+    auto& c = *m_connection;
+    while (!c.levels.empty())
+        rollback();
+    c.files.forgetMarker();
+    c.driver.reset();
+}
+
+bool odbc_database::is_connected() const {
+    return m_connection->driver != nullptr;
+}
+
+bool odbc_database::is_server() const {
+    return m_connection->driver && m_connection->driver->isServer();
+}
+
+const std::string& odbc_database::get_connection_string() const {
+    return m_connection->connectionString;
+}
+
+bool odbc_database::exec(std::wstring_view statement) {
+    auto& c = *m_connection;
+    if (!c.driver)
+        return c.fail(L"not connected");
+    if (c.isDoomed())
+        return false; // the last error still names the statement that failed first
+    bool done = false;
+    if (statement.find(L'\0') != std::wstring_view::npos || !ts::strconv::isText(statement))
+        c.fail(L"a text with a NUL or with code points that are no characters cannot be stored");
+    else if (c.driver->exec(ts::strconv::toUtf8(statement)))
+        done = true;
+    else
+        c.failDriver();
+    if (!done && !c.levels.empty())
+        c.levels.back().doomed = true;
+    return done;
+}
+
+std::unique_ptr<odbc_result> odbc_database::query(std::wstring_view statement) {
+    auto& c = *m_connection;
+    if (!c.driver || statement.find(L'\0') != std::wstring_view::npos)
+        return nullptr;
+    auto cursor = c.driver->query(ts::strconv::toUtf8(statement));
+    if (!cursor) {
+        c.error = ts::strconv::fromUtf8(c.driver->error());
+        return nullptr;
+    }
+    return std::make_unique<odbc_result>(std::move(cursor));
+}
+
+std::int64_t odbc_database::affected_rows() const {
+    return m_connection->driver ? m_connection->driver->affectedRows() : 0;
+}
+
+bool odbc_database::begin_transaction() {
+    auto& c = *m_connection;
+    if (!c.driver)
+        return c.fail(L"not connected");
+    if (c.isDoomed())
+        return false;
+    const auto depth = static_cast<int>(c.levels.size());
+    if (!(depth == 0 ? c.driver->begin() : c.driver->savepoint(depth)))
+        return c.failDriver();
+    c.levels.push_back({false, c.actions.size(), c.files.mark()});
+    return true;
+}
+
+bool odbc_database::end_transaction() {
+    auto& c = *m_connection;
+    if (c.levels.empty())
+        return c.fail(L"no transaction is open");
+    if (c.levels.size() > 1) {
+        const bool released =
+            !c.levels.back().doomed && c.driver->release(static_cast<int>(c.levels.size()) - 1);
+        if (released)
+            c.levels.pop_back();
+        else
+            rollback();
+        return released;
+    }
+    if (c.isDoomed() || !c.files.beforeCommit()) {
+        rollback();
+        return false;
+    }
+    if (!c.driver->commit()) {
+        c.failDriver();
+        rollback();
+        return false;
+    }
+    c.levels.clear();
+    c.files.afterCommit();
+    for (const auto& action : std::exchange(c.actions, {}))
+        action();
+    return true;
+}
+
+void odbc_database::rollback() {
+    auto& c = *m_connection;
+    if (c.levels.empty())
+        return;
+    const level ended = c.levels.back();
+    c.levels.pop_back();
+    c.actions.resize(ended.firstAction);
+    c.files.undoTo(ended.firstFile);
+    const auto depth = static_cast<int>(c.levels.size());
+    const bool done = depth == 0 ? c.driver->rollback() : c.driver->rollbackTo(depth);
+    // An engine that ended the whole transaction by itself has undone the outer levels too.
+    if (!done && depth != 0)
+        c.levels.back().doomed = true;
+}
+
+bool odbc_database::in_transaction() const {
+    return !m_connection->levels.empty();
+}
+
+void odbc_database::after_commit(std::function<void()> action) {
+    if (in_transaction())
+        m_connection->actions.push_back(std::move(action));
+    else
+        action();
+}
+
+transaction_files& odbc_database::files() {
+    return m_connection->files;
+}
+
+std::wstring odbc_database::primary_key() const {
+    return m_connection->driver ? ts::strconv::fromUtf8(m_connection->driver->primaryKey())
+                                : std::wstring();
+}
+
+std::wstring odbc_database::cur_time() const {
+    return m_connection->driver ? ts::strconv::fromUtf8(m_connection->driver->currentTime())
+                                : std::wstring();
+}
+
+std::wstring odbc_database::get_user() const {
+    return m_connection->user;
+}
+
+void odbc_database::set_file_container_path(const std::wstring& path) {
+    m_connection->fileContainerPath = path;
+}
+
+const std::wstring& odbc_database::get_file_container_path() const {
+    return m_connection->fileContainerPath;
+}
+
+const std::wstring& odbc_database::last_error() const {
+    return m_connection->error;
+}

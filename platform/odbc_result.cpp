@@ -1,0 +1,42 @@
+#include "odbc_result.h"
+
+#include "platform/sql_driver.h"
+#include "platform/strconv.h"
+
+#include <utility>
+
+odbc_result::odbc_result(std::unique_ptr<sql_cursor> cursor) : m_cursor(std::move(cursor)) {}
+
+odbc_result::~odbc_result() = default;
+
+bool odbc_result::next() {
+    return m_cursor->next();
+}
+
+std::wstring odbc_result::get_text(int column) const {
+    return ts::strconv::fromUtf8(m_cursor->text(column));
+}
+
+double odbc_result::get_double(int column) const {
+    return m_cursor->real(column);
+}
+
+int odbc_result::get_int(int column) const {
+    return static_cast<int>(m_cursor->integer(column));
+}
+
+std::int64_t odbc_result::get_counter(int column) const {
+    return m_cursor->integer(column);
+}
+
+bool odbc_result::is_null(int column) const {
+    return m_cursor->isNull(column);
+}
+
+int odbc_result::column_count() const {
+    return m_cursor->columnCount();
+}
+
+std::wstring odbc_result::column_name(int column) const {
+    return ts::strconv::fromUtf8(m_cursor->columnName(column));
+}

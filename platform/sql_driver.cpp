@@ -1,0 +1,18 @@
+#include "platform/sql_driver.h"
+
+#include "platform/sqlite_driver.h"
+
+// "name=value;" pairs name a server. A path may hold "=" and ";" too: only a text whose part
+// before the first "=" is a plain word and that ends in ";" is taken for pairs.
+static bool namesServer(const std::string& connectionString) {
+    const auto equals = connectionString.find('=');
+    if (equals == std::string::npos || equals == 0 || connectionString.back() != ';')
+        return false;
+    return connectionString.find_first_not_of(
+               "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_ ")
+           == equals;
+}
+
+std::unique_ptr<sql_driver> makeDriver(const std::string& connectionString) {
+    return namesServer(connectionString) ? nullptr : makeSqliteDriver();
+}

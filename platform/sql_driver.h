@@ -1,0 +1,61 @@
+// The contract that a database engine's driver meets.
+//
+// odbc_database keeps the rules that are the same everywhere (nesting, doomed levels, one
+// statement a call); a driver only carries statements to its engine. Texts are UTF-8. A driver is
+// used by one thread at a time.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+// The rows of one query. Destroying it finishes the statement at once: an open one holds other
+// programs back from writing.
+class sql_cursor {
+public:
+    virtual ~sql_cursor() = default;
+    virtual bool next() = 0; // false after the last row, and when the engine fails
+    virtual int columnCount() const = 0;
+    virtual std::string columnName(int column) const = 0;
+    // A NULL reads as empty text, 0, and isNull(). Views are good until the next call of next().
+    virtual bool isNull(int column) const = 0;
+    virtual std::string_view text(int column) const = 0; // doubles as the shortest exact text
+    virtual double real(int column) const = 0;           // text by its leading number, else 0
+    virtual std::int64_t integer(int column) const = 0;
+};
+
+class sql_driver {
+public:
+    virtual ~sql_driver() = default;
+
+    virtual bool connect(const std::string& connectionString) = 0;
+    virtual bool isServer() const = 0;
+
+    // Runs one statement to its end. A statement that changes no row is a success; text after the
+    // statement's end is a failure.
+    virtual bool exec(std::string_view statement) = 0;
+    virtual std::int64_t affectedRows() const = 0;
+    // Null on failure. A failed query leaves an open transaction usable.
+    virtual std::unique_ptr<sql_cursor> query(std::string_view statement) = 0;
+
+    // The outermost transaction takes the write lock at once. commit() retries while the engine
+    // is busy; when it answers false the transaction is still open and is to be rolled back.
+    virtual bool begin() = 0;
+    virtual bool commit() = 0;
+    virtual bool rollback() = 0;
+    virtual bool savepoint(int level) = 0;
+    virtual bool release(int level) = 0;
+    virtual bool rollbackTo(int level) = 0;
+
+    virtual std::string primaryKey() const = 0;  // declaration of a key column
+    virtual std::string currentTime() const = 0; // SQL expression
+    virtual std::string user() const = 0;
+
+    // Why the last call failed, in one line.
+    virtual std::string error() const = 0;
+};
+
+// A driver for the kind of database that the connection string names.
+[[nodiscard]] std::unique_ptr<sql_driver> makeDriver(const std::string& connectionString);

@@ -1,0 +1,192 @@
+#include "platform/sqlite_driver.h"
+
+#include "platform/numbers.h"
+#include "platform/sqlite_functions.h"
+
+#include <pwd.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+constexpr int busyMilliseconds = 10'000;
+
+struct finalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using statementHandle = std::unique_ptr<sqlite3_stmt, finalizer>;
+
+// The operating system's name of whoever runs the program.
+std::string systemUser() {
+    passwd entry{};
+    passwd* found = nullptr;
+    char buffer[4096];
+    if (getpwuid_r(geteuid(), &entry, buffer, sizeof buffer, &found) == 0 && found != nullptr)
+        return found->pw_name;
+    return std::to_string(geteuid());
+}
+
+class sqlite_cursor final : public sql_cursor {
+public:
+    explicit sqlite_cursor(statementHandle statement, bool firstRow)
+        : m_statement(std::move(statement)), m_pending(firstRow), m_ended(!firstRow) {}
+
+    bool next() override {
+        if (m_ended)
+            return false;
+        if (m_pending) {
+            m_pending = false;
+            return true;
+        }
+        m_ended = sqlite3_step(m_statement.get()) != SQLITE_ROW;
+        return !m_ended;
+    }
+    int columnCount() const override { return sqlite3_column_count(m_statement.get()); }
+    std::string columnName(int column) const override {
+        const char* name = sqlite3_column_name(m_statement.get(), column);
+        return name == nullptr ? std::string() : std::string(name);
+    }
+    bool isNull(int column) const override {
+        return sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL;
+    }
+    std::string_view text(int column) const override {
+        // The engine's own text of a double keeps 15 digits only.
+        if (sqlite3_column_type(m_statement.get(), column) == SQLITE_FLOAT) {
+            m_number = numbers::shortest(sqlite3_column_double(m_statement.get(), column));
+            return m_number;
+        }
+        const auto* bytes = sqlite3_column_text(m_statement.get(), column);
+        if (bytes == nullptr)
+            return {};
+        return {reinterpret_cast<const char*>(bytes),
+                static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column))};
+    }
+    double real(int column) const override {
+        return sqlite3_column_double(m_statement.get(), column);
+    }
+    std::int64_t integer(int column) const override {
+        return sqlite3_column_int64(m_statement.get(), column);
+    }
+
+private:
+    statementHandle m_statement;
+    mutable std::string m_number;
+    bool m_pending;
+    bool m_ended;
+};
+
+class sqlite_driver final : public sql_driver {
+public:
+    ~sqlite_driver() override { sqlite3_close(m_db); }
+
+    bool connect(const std::string& path) override {
+        if (sqlite3_open_v2(path.c_str(), &m_db, openFlags, nullptr) != SQLITE_OK)
+            return fail("cannot open");
+        sqlite3_busy_timeout(m_db, busyMilliseconds);
+        sqlite3_extended_result_codes(m_db, 1);
+        if (!registerSqliteFunctions(m_db))
+            return fail("cannot prepare");
+        // The page size has an effect on a new file only, and only before its first write. The
+        // schema is read so that a file that is no database is told at once.
+        return exec("PRAGMA page_size=8192") && query("SELECT count(*) FROM sqlite_master");
+    }
+    bool isServer() const override { return false; }
+
+    bool exec(std::string_view text) override {
+        const auto statement = prepare(text);
+        if (!statement)
+            return false;
+        int code = SQLITE_ROW;
+        while (code == SQLITE_ROW)
+            code = sqlite3_step(statement.get());
+        return code == SQLITE_DONE || fail("cannot run the statement");
+    }
+    std::int64_t affectedRows() const override { return sqlite3_changes64(m_db); }
+
+    // The first step is taken here, so that a query that fails is told from one without rows.
+    std::unique_ptr<sql_cursor> query(std::string_view text) override {
+        auto statement = prepare(text);
+        if (!statement)
+            return nullptr;
+        const int code = sqlite3_step(statement.get());
+        if (code != SQLITE_ROW && code != SQLITE_DONE) {
+            fail("cannot run the query");
+            return nullptr;
+        }
+        return std::make_unique<sqlite_cursor>(std::move(statement), code == SQLITE_ROW);
+    }
+
+    bool begin() override { return exec("BEGIN IMMEDIATE"); }
+    // A commit that finds readers in its way may be tried again: the transaction stays open.
+    bool commit() override {
+        const auto giveUp =
+            std::chrono::steady_clock::now() + std::chrono::milliseconds(busyMilliseconds);
+        while (!exec("COMMIT")) {
+            if ((sqlite3_errcode(m_db) & 0xff) != SQLITE_BUSY
+                || std::chrono::steady_clock::now() > giveUp)
+                return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        return true;
+    }
+    // The engine rolls back by itself on some failures, such as a full disk.
+    bool rollback() override { return sqlite3_get_autocommit(m_db) != 0 || exec("ROLLBACK"); }
+    bool savepoint(int level) override { return exec("SAVEPOINT level_" + std::to_string(level)); }
+    bool release(int level) override { return exec("RELEASE level_" + std::to_string(level)); }
+    bool rollbackTo(int level) override {
+        if (sqlite3_get_autocommit(m_db) != 0)
+            return fail("the transaction was ended by the engine");
+        return exec("ROLLBACK TO level_" + std::to_string(level)) && release(level);
+    }
+
+    // AUTOINCREMENT: deletions leave references behind, so a key is never given twice.
+    std::string primaryKey() const override { return "INTEGER PRIMARY KEY AUTOINCREMENT"; }
+    std::string currentTime() const override { return "strftime('%Y-%m-%d %H:%M:%S', 'now')"; }
+    std::string user() const override { return systemUser(); }
+    std::string error() const override { return m_error; }
+
+private:
+    static constexpr int openFlags =
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX;
+
+    bool fail(const char* what) {
+        m_error =
+            std::string(what) + ": " + (m_db != nullptr ? sqlite3_errmsg(m_db) : "out of memory");
+        return false;
+    }
+
+    statementHandle prepare(std::string_view text) {
+        sqlite3_stmt* raw = nullptr;
+        const char* tail = nullptr;
+        const int code =
+            sqlite3_prepare_v2(m_db, text.data(), static_cast<int>(text.size()), &raw, &tail);
+        statementHandle statement(raw);
+        if (code != SQLITE_OK) {
+            fail("cannot understand the statement");
+            return nullptr;
+        }
+        if (!statement) {
+            m_error = "the statement is empty";
+            return nullptr;
+        }
+        const std::string_view rest(tail,
+                                    text.size() - static_cast<std::size_t>(tail - text.data()));
+        if (!numbers::trimmed(rest).empty()) {
+            m_error = "text after the end of the statement";
+            return nullptr;
+        }
+        return statement;
+    }
+
+    sqlite3* m_db = nullptr;
+    std::string m_error;
+};
+
+} // namespace
+
+std::unique_ptr<sql_driver> makeSqliteDriver() {
+    return std::make_unique<sqlite_driver>();
+}

@@ -1,0 +1,195 @@
+#include "platform/transaction_files.h"
+
+#include "odbc_database.h"
+#include "platform/change_journal.h"
+#include "platform/files.h"
+#include "platform/last_error.h"
+#include "platform/sql_text.h"
+#include "platform/strconv.h"
+#include "platform/uuid.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+using namespace sqlText;
+namespace fs = std::filesystem;
+
+namespace {
+
+bool isThere(const fs::path& path) {
+    std::error_code code;
+    return fs::exists(fs::symlink_status(path, code));
+}
+
+bool renamed(const fs::path& from, const fs::path& to) {
+    std::error_code code;
+    fs::rename(from, to, code);
+    return !code
+           || refuse(L"cannot move " + files::wide(from) + L" to " + files::wide(to) + L": "
+                     + ts::strconv::fromUtf8(code.message()));
+}
+
+// Without a separator at its end, so that it compares with the folders below it.
+fs::path bare(const std::wstring& path) {
+    const fs::path whole = files::native(path);
+    return whole.has_filename() ? whole : whole.parent_path();
+}
+
+// A commit must not outlive the samples it speaks of. A file that is gone again needs nothing.
+bool flushed(const fs::path& path) {
+    if (!isThere(path))
+        return true;
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool done = file >= 0 && ::fdatasync(file) == 0;
+    const int error = errno;
+    if (file >= 0)
+        ::close(file);
+    return done || refuse(L"cannot write " + files::wide(path) + L": " + files::reason(error));
+}
+
+} // namespace
+
+struct transaction_files::journal : changeJournal::writer {
+    using changeJournal::writer::writer;
+    std::vector<fs::path> emptied; // folders that lost something
+};
+
+transaction_files::transaction_files(odbc_database* db) : m_db(db) {}
+transaction_files::~transaction_files() = default;
+
+bool transaction_files::openJournal() {
+    if (m_journal)
+        return true;
+    auto opened = std::make_unique<journal>(bare(m_db->get_file_container_path()));
+    if (!opened->open())
+        return false;
+    m_journal = std::move(opened);
+    return true;
+}
+
+// Only what lies below the file directory may change, and only inside a transaction.
+bool transaction_files::accepts(const std::wstring& path) {
+    const std::wstring& root = m_db->get_file_container_path();
+    if (!m_db->in_transaction())
+        return refuse(L"cannot change " + path + L": files change inside a transaction only");
+    const auto relative = bare(path).lexically_normal().lexically_relative(bare(root));
+    if (root.empty() || relative.empty() || *relative.begin() == ".." || *relative.begin() == ".")
+        return refuse(L"cannot change " + path + L": it is not below the file directory " + root);
+    return openJournal();
+}
+
+bool transaction_files::write(const std::wstring& path,
+                              const std::function<bool(std::FILE*)>& writer) {
+    if (!accepts(path))
+        return false;
+    const fs::path target = files::native(path);
+    const fs::path fresh = m_journal->newName();
+    auto file = files::openWrite(files::wide(fresh));
+    if (!file)
+        return false;
+    errno = 0;
+    const bool written = writer(file.get()) && std::fflush(file.get()) == 0;
+    if (!written && errno != 0)
+        refuse(L"cannot write " + path + L": " + files::reason(errno));
+    if (!written || !m_journal->makeFolders(target.parent_path()))
+        return false;
+    if (isThere(target) ? !m_journal->setAside(target)
+                        : !m_journal->note({changeJournal::kind::created, target, {}}))
+        return false;
+    m_journal->wrote(target);
+    return renamed(fresh, target);
+}
+
+bool transaction_files::remove(const std::wstring& path) {
+    if (!accepts(path))
+        return false;
+    const fs::path target = bare(path);
+    if (!isThere(target))
+        return true;
+    m_journal->emptied.push_back(target.parent_path());
+    return m_journal->setAside(target);
+}
+
+bool transaction_files::removeFolder(const std::wstring& path) {
+    return remove(path);
+}
+
+bool transaction_files::move(const std::wstring& from, const std::wstring& to) {
+    if (!accepts(from) || !accepts(to))
+        return false;
+    const fs::path source = bare(from);
+    const fs::path target = bare(to);
+    if (isThere(target))
+        return refuse(L"cannot move " + from + L" to " + to + L": the target exists");
+    m_journal->emptied.push_back(source.parent_path());
+    return m_journal->makeFolders(target.parent_path()) && m_journal->move(source, target);
+}
+
+std::size_t transaction_files::mark() const {
+    return m_journal ? m_journal->changes().size() : 0;
+}
+
+void transaction_files::undoTo(std::size_t mark) {
+    if (!m_journal)
+        return;
+    m_journal->undoTo(mark);
+    if (mark == 0 && !m_db->in_transaction())
+        m_journal.reset(); // removes what is left of it
+}
+
+bool transaction_files::beforeCommit() {
+    if (!m_journal)
+        return true;
+    for (const auto& path : m_journal->written())
+        if (!flushed(path))
+            return false;
+    if (m_marker != 0 && !m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(m_marker))))
+        return false;
+    if (!m_db->exec(
+            sql(L"INSERT INTO meta (m_group, obj_id, key, value) VALUES ('file_changes', 0, ",
+                sqlText::quoted(m_journal->id()),
+                L", '')")))
+        return false;
+    const auto rows = m_db->query(L"SELECT max(m_id) FROM meta");
+    m_journal->marker = rows && rows->next() ? rows->get_counter(0) : 0;
+    return true;
+}
+
+void transaction_files::afterCommit() {
+    if (!m_journal)
+        return;
+    m_marker = m_journal->marker;
+    m_journal->keep();
+    const auto emptied = std::move(m_journal->emptied);
+    m_journal.reset();
+    const fs::path root = bare(m_db->get_file_container_path());
+    for (const auto& folder : emptied)
+        changeJournal::removeEmptyFolders(root, folder);
+}
+
+void transaction_files::forgetMarker() {
+    const std::int64_t row = std::exchange(m_marker, 0);
+    // A marker that stays behind is one idle row.
+    if (row != 0 && m_db->is_connected())
+        static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(row))));
+}
+
+bool transaction_files::recover() {
+    const fs::path root = bare(m_db->get_file_container_path());
+    for (auto& left : changeJournal::abandoned(root)) {
+        const auto row =
+            m_db->query(sql(L"SELECT m_id FROM meta WHERE m_group = 'file_changes' AND key = ",
+                            sqlText::quoted(left.id())));
+        const std::int64_t marker = row && row->next() ? row->get_counter(0) : 0;
+        if (marker == 0 && !left.undo())
+            return false;
+        left.drop();
+        if (marker != 0)
+            static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(marker))));
+    }
+    return true;
+}

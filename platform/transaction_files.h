@@ -1,0 +1,55 @@
+// Files that change together with the rows of a transaction.
+//
+// Every operation is done at once and noted beforehand in a journal of its transaction, the folder
+// ".pending/<id>" of the container's file directory. Rolling back undoes the operations in reverse
+// order. Committing flushes the new files, puts a marker row into the table `meta` (group
+// "file_changes", key <id>), commits, and forgets the journal. A journal that a killed process
+// leaves is finished or undone when the container is next opened, by whether its marker is there.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class odbc_database;
+
+class transaction_files {
+public:
+    explicit transaction_files(odbc_database* db);
+    ~transaction_files();
+    transaction_files(const transaction_files&) = delete;
+    transaction_files& operator=(const transaction_files&) = delete;
+
+    // Each is refused outside a transaction, and for a path that is not below the container's
+    // file directory; each sets the last error when it answers false. Folders are made as needed.
+    [[nodiscard]] bool write(const std::wstring& path,
+                             const std::function<bool(std::FILE*)>& writer);
+    [[nodiscard]] bool remove(const std::wstring& path); // a missing file is no failure
+    [[nodiscard]] bool removeFolder(const std::wstring& path);
+    // A file or a folder; the target must not exist.
+    [[nodiscard]] bool move(const std::wstring& from, const std::wstring& to);
+
+    // Finishes or undoes what killed processes left; those still alive are left alone.
+    [[nodiscard]] bool recover();
+
+private:
+    friend class odbc_database;
+    struct journal;
+
+    // Called by the connection as its transaction goes.
+    [[nodiscard]] std::size_t mark() const; // the operations done so far
+    void undoTo(std::size_t mark);
+    [[nodiscard]] bool beforeCommit();
+    void afterCommit();
+    void forgetMarker();
+
+    [[nodiscard]] bool openJournal();
+    [[nodiscard]] bool accepts(const std::wstring& path);
+
+    odbc_database* m_db;
+    std::unique_ptr<journal> m_journal;
+    std::int64_t m_marker = 0; // row of the last commit's marker; removed with the next one
+};

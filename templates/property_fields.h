@@ -1,0 +1,38 @@
+// The field rows of properties.
+#pragma once
+
+#include "NORLEX_fieldDescr.h"
+#include "NORLEX_fieldType.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class odbc_database;
+
+namespace propertyFields {
+
+struct row {
+    std::int64_t fieldId = 0;
+    std::wstring name;
+    NORLEX_fieldType type = NORLEX_fieldTypeUnknown;
+};
+
+[[nodiscard]] std::vector<row> read(odbc_database& db, std::int64_t propertyId); // in key order
+
+// One field, or all fields of a template, for a property that has none of them.
+[[nodiscard]] bool
+add(odbc_database& db, std::int64_t propertyId, const std::wstring& name, NORLEX_fieldType type);
+[[nodiscard]] bool
+addAll(odbc_database& db, std::int64_t propertyId, const std::vector<NORLEX_fieldDescr>& fields);
+
+// Deletes a field with its values.
+[[nodiscard]] bool remove(odbc_database& db, std::int64_t fieldId);
+
+// Adds a field to a property, with an empty value for each of its geometry rows.
+[[nodiscard]] bool addWithValues(odbc_database& db,
+                                 std::int64_t propertyId,
+                                 const std::wstring& name,
+                                 NORLEX_fieldType type);
+
+} // namespace propertyFields

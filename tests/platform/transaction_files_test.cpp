@@ -1,0 +1,165 @@
+#include "odbc_database.h"
+#include "platform/files.h"
+#include "platform/transaction.h"
+#include "platform/transaction_files.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+// A connection with the one table that the commit markers need, and a file directory beside it.
+class TransactionFilesTest : public testing::Test {
+protected:
+    void SetUp() override { open(db); }
+
+    void open(odbc_database& connection) {
+        ASSERT_TRUE(connection.connect(files::native(folder / L"a.well2").native()));
+        ASSERT_TRUE(connection.exec(
+            L"CREATE TABLE IF NOT EXISTS meta (m_id INTEGER PRIMARY KEY AUTOINCREMENT, m_group TEXT, "
+            L"obj_id INTEGER, key TEXT, value TEXT)"));
+        connection.set_file_container_path(root);
+    }
+    static bool write(odbc_database& connection, const std::wstring& path, const char* text) {
+        return connection.files().write(path,
+                                        [text](std::FILE* file) { return files::put(file, text); });
+    }
+    // Every file below the file directory with its content, one a line.
+    std::string tree() const {
+        std::string out;
+        for (const auto& path : files::listTree(root))
+            out += files::native(path.substr(root.size())).native() + "=" + temp_folder::read(path)
+                   + "\n";
+        return out;
+    }
+    std::int64_t markers() {
+        const auto rows = db.query(L"SELECT count(*) FROM meta");
+        return rows && rows->next() ? rows->get_counter(0) : -1;
+    }
+    // Runs `work` in a child that dies at the end of it without any clean-up.
+    template <typename Work>
+    void inDyingProcess(const Work& work) {
+        db.disconnect();
+        const pid_t child = fork();
+        if (child == 0) {
+            odbc_database own;
+            open(own);
+            work(own);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_EQ(status, 0);
+        open(db);
+    }
+
+    temp_folder folder;
+    std::wstring root = folder / L"a/";
+    odbc_database db;
+};
+
+// Every kind of change on top of two files that were there before.
+void changeEverything(odbc_database& db, const std::wstring& root) {
+    const auto put = [&](const wchar_t* name, const char* text) {
+        return db.files().write(root + name,
+                                [text](std::FILE* file) { return files::put(file, text); });
+    };
+    EXPECT_TRUE(put(L"well/new.wpdb", "new"));
+    EXPECT_TRUE(put(L"old/kept.wpdb", "changed"));
+    EXPECT_TRUE(db.files().move(root + L"old/", root + L"moved/deep/"));
+    EXPECT_TRUE(put(L"moved/deep/kept.wpdb", "changed again"));
+    EXPECT_TRUE(db.files().remove(root + L"gone.wpdb"));
+}
+constexpr const char* before = "gone.wpdb=gone\nold/kept.wpdb=kept\n";
+constexpr const char* after = "moved/deep/kept.wpdb=changed again\nwell/new.wpdb=new\n";
+
+TEST_F(TransactionFilesTest, filesFollowTheTransaction) {
+    folder.write(L"a/old/kept.wpdb", "kept");
+    folder.write(L"a/gone.wpdb", "gone");
+    {
+        transaction t(&db);
+        changeEverything(db, root);
+    }
+    EXPECT_EQ(tree(), before);
+    EXPECT_FALSE(files::isFolder(root + L"well")) << "folders made on the way go too";
+    EXPECT_FALSE(files::isFolder(root + L".pending"));
+    {
+        transaction t(&db);
+        changeEverything(db, root);
+        ASSERT_TRUE(t.commit());
+    }
+    EXPECT_EQ(tree(), after);
+    EXPECT_FALSE(files::isFolder(root + L"old")) << "an emptied folder goes";
+    EXPECT_FALSE(files::isFolder(root + L".pending"));
+    db.disconnect();
+    open(db);
+    EXPECT_EQ(markers(), 0);
+}
+
+TEST_F(TransactionFilesTest, anInnerLevelTakesItsOwnFilesBackOnly) {
+    transaction outer(&db);
+    ASSERT_TRUE(write(db, root + L"outer", "1"));
+    {
+        transaction inner(&db);
+        ASSERT_TRUE(write(db, root + L"inner", "2"));
+        ASSERT_TRUE(write(db, root + L"outer", "3"));
+    }
+    EXPECT_NE(tree().find("outer=1"), std::string::npos);
+    ASSERT_TRUE(write(db, root + L"inner", "4"));
+    ASSERT_TRUE(outer.commit());
+    EXPECT_EQ(tree(), "inner=4\nouter=1\n");
+}
+
+TEST_F(TransactionFilesTest, aDeadProcessIsFinishedOrUndone) {
+    folder.write(L"a/old/kept.wpdb", "kept");
+    folder.write(L"a/gone.wpdb", "gone");
+    inDyingProcess([this](odbc_database& own) {
+        static_cast<void>(own.begin_transaction());
+        changeEverything(own, root);
+    });
+    EXPECT_NE(tree(), before) << "the dead process left its changes";
+    ASSERT_TRUE(db.files().recover());
+    EXPECT_EQ(tree(), before);
+    EXPECT_FALSE(files::isFolder(root + L".pending"));
+
+    inDyingProcess([this](odbc_database& own) {
+        static_cast<void>(own.begin_transaction());
+        changeEverything(own, root);
+        // Dies between the commit and the removal of its journal.
+        own.after_commit([] { _exit(0); });
+        EXPECT_TRUE(own.end_transaction());
+    });
+    ASSERT_TRUE(db.files().recover());
+    EXPECT_EQ(tree(), after);
+}
+
+TEST_F(TransactionFilesTest, aLiveProcessIsLeftAlone) {
+    transaction t(&db);
+    ASSERT_TRUE(write(db, root + L"mine", "1"));
+    odbc_database other;
+    ASSERT_TRUE(other.connect(files::native(folder / L"a.well2").native()));
+    other.set_file_container_path(root);
+    ASSERT_TRUE(other.files().recover());
+    ASSERT_TRUE(t.commit());
+    EXPECT_EQ(tree(), "mine=1\n");
+}
+
+TEST_F(TransactionFilesTest, nothingOutsideTheFileDirectoryChanges) {
+    folder.write(L"outside", "1");
+    EXPECT_FALSE(write(db, root + L"a", "2")) << "no transaction is open";
+    transaction t(&db);
+    EXPECT_FALSE(write(db, folder / L"outside", "2"));
+    EXPECT_FALSE(write(db, root + L"../outside", "2"));
+    EXPECT_FALSE(db.files().removeFolder(root)) << "the file directory itself";
+    EXPECT_FALSE(db.files().remove(root + L"x/../../outside"));
+    ASSERT_TRUE(write(db, root + L"taken", "1"));
+    ASSERT_TRUE(write(db, root + L"free", "2"));
+    EXPECT_FALSE(db.files().move(root + L"free", root + L"taken"));
+    ASSERT_TRUE(t.commit());
+    EXPECT_EQ(temp_folder::read(folder / L"outside"), "1");
+    EXPECT_EQ(tree(), "free=2\ntaken=1\n");
+}
+
+} // namespace
