@@ -59,6 +59,8 @@ public:
 private:
     friend class las_values; // fills the points and their running statistics while it reads
 
+    static constexpr double nullTolerance = 0.00001; // values closer to null are null
+
     std::vector<Tts_vtx_d2> m_points;
     std::wstring m_name;
     std::wstring m_units;

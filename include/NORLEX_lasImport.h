@@ -16,9 +16,9 @@ class odbc_database;
 enum class NORLEX_onExisting : int { fail, skip, replace };
 
 struct NORLEX_lasImportOptions {
-    std::wstring workObject;      // of the well, where the file is to be filed
-    std::wstring field;           // empty: the file's own FLD entry
-    std::wstring group = L"LAS";  // group of the logs
+    std::wstring workObject;     // of the well, where the file is to be filed
+    std::wstring field;          // empty: the file's own FLD entry
+    std::wstring group = L"LAS"; // group of the logs
     ts::strconv::encodings encoding = ts::strconv::detect;
     NORLEX_onExisting onExisting = NORLEX_onExisting::fail;
     bool dryRun = false; // read and check everything, write nothing
@@ -28,11 +28,12 @@ struct NORLEX_lasImportResult {
     bool ok = false;
     NORLEX_wellDescription well;
     bool wellCreated = false;
-    std::size_t curves = 0;  // in the file
-    std::size_t created = 0; // logs written
+    std::size_t curves = 0;   // in the file
+    std::size_t existing = 0; // of these, logs that the well had already
+    std::size_t created = 0;  // logs written; in a dry run, those that would be
     std::size_t rows = 0;
     std::uint64_t skippedCount = 0;
-    std::vector<NORLEX_lasSkippedLine> skipped; // the first 1000
+    std::vector<NORLEX_lasSkippedLine> skipped; // the first 1000; line 0: not a single line
     std::wstring error;                         // why not ok; one line
 };
 

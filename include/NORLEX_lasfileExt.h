@@ -23,8 +23,8 @@ struct NORLEX_lasSkippedLine {
 // units and order, the null value included.
 class NORLEX_API NORLEX_lasfileExt {
 public:
-    // Reads the file; isOK() tells whether it could be opened and is a log at all. With
-    // `headerOnly` nothing past the header is read, and no curve has points.
+    // Reads the file; isOK() tells whether it could be opened and is a log at all, and the last
+    // error why not. With `headerOnly` nothing past the header is read, and no curve has points.
     NORLEX_lasfileExt(const std::wstring& path,
                       bool headerOnly,
                       ts::strconv::encodings encoding = ts::strconv::detect);
@@ -45,17 +45,18 @@ public:
     [[nodiscard]] double getNodata() const;
     [[nodiscard]] ts::strconv::encodings getEncoding() const; // the one that was used
 
-    // Curves in file order, the depth column left out. A name that stands twice in the file is
-    // followed by "_2", "_3", … from its second occurrence on.
+    // Curves in file order, the depth column left out. A name that stands twice in the file,
+    // compared without case, is followed by "_2", "_3", … from its second occurrence on.
     [[nodiscard]] std::size_t getNumCurves() const;
     void getCurveNames(std::vector<std::wstring>& names) const;
     [[nodiscard]] NORLEX_lasCurve* getCurveByIndex(std::size_t index); // null past the end
     [[nodiscard]] const NORLEX_lasCurve* getCurveByIndex(std::size_t index) const;
     [[nodiscard]] NORLEX_lasCurve* getCurveByName(const std::wstring& name); // null when absent
-    [[nodiscard]] const lasDescription& getDepthDescription() const; // of the depth column
+    [[nodiscard]] const lasDescription& getDepthDescription() const;         // of the depth column
 
-    [[nodiscard]] const std::vector<lasDescription>& getWellInf() const; // the ~W block
+    [[nodiscard]] const std::vector<lasDescription>& getWellInf() const;       // the ~W block
     [[nodiscard]] std::wstring getWellInf(const std::wstring& mnemonic) const; // value of one entry
+    // The value of WELL. Version 1.2 has a label there and the name in the entry's description.
     [[nodiscard]] std::wstring getWellName() const;
     [[nodiscard]] const std::vector<lasDescription>& getPosition() const; // of ~W and ~P
     [[nodiscard]] const std::vector<lasDescription>& getMeta() const;     // the ~P block
@@ -69,7 +70,7 @@ public:
     void calcStatistic(bool recount); // of every curve
 
     // Depth steps read, and the lines that held something that was not taken. The list keeps the
-    // first 1000; the count is of all.
+    // first 1000; the count is of all. A section that is passed over counts once, by its title.
     [[nodiscard]] std::size_t getRowCount() const;
     [[nodiscard]] const std::vector<NORLEX_lasSkippedLine>& getSkippedLines() const;
     [[nodiscard]] std::uint64_t getSkippedCount() const;
@@ -77,6 +78,11 @@ public:
 private:
     friend class las_header; // fill the object while they read
     friend class las_values;
+
+    [[nodiscard]] bool
+    read(const std::wstring& path, bool headerOnly, ts::strconv::encodings encoding);
+    void collectPosition();
+    bool countSkipped(); // whether the list of skipped lines has room for one more
 
     bool m_ok = false;
     int m_version = 2;

@@ -52,8 +52,10 @@ public:
     [[nodiscard]] NORLEX_dataType getType() const;
     [[nodiscard]] std::uint32_t getID() const;
 
-    // Adds a field to the template. Apostrophes are dropped from its names; an empty or a taken
-    // name is refused. `announce` posts and stamps the change.
+    // Adds a field to the template and to every property made from it, where each record gets an
+    // empty value. Apostrophes are dropped from its names; an empty or a taken name is refused, and
+    // one that a template of a kind not editable bears. The change is stamped and journalled;
+    // `announce` tells subscribers. The short form takes a field without a short name, silently.
     [[nodiscard]] bool addField(const NORLEX_fieldDescr& field, bool announce);
     [[nodiscard]] bool addField(const std::wstring& name, NORLEX_fieldType type);
     [[nodiscard]] bool isFieldExist(const std::wstring& field) const;
@@ -64,6 +66,8 @@ public:
     [[nodiscard]] std::wstring getFieldShortName(const std::wstring& field) const;
 
 private:
+    [[nodiscard]] bool insertField(const NORLEX_fieldDescr& field);
+
     odbc_database* m_db = nullptr;
     std::wstring m_name;
     std::wstring m_description;

@@ -10,6 +10,7 @@
 #include "NORLEX_wellProperty.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -61,7 +62,8 @@ public:
                                              const NORLEX_wellDescription& description);
     [[nodiscard]] static std::wstring getWellNameByID(odbc_database* db, std::uint32_t wellId);
     [[nodiscard]] static std::wstring getWellFieldByID(odbc_database* db, std::uint32_t wellId);
-    [[nodiscard]] static std::wstring getWellWorkObjectByID(odbc_database* db, std::uint32_t wellId);
+    [[nodiscard]] static std::wstring getWellWorkObjectByID(odbc_database* db,
+                                                            std::uint32_t wellId);
     [[nodiscard]] static NORLEX_wellDescription getDescription(odbc_database* db,
                                                                std::uint32_t wellId);
 
@@ -87,14 +89,13 @@ public:
                                                    const NORLEX_wellDescription& well);
     [[nodiscard]] static double getXCoord(odbc_database* db, const NORLEX_wellDescription& well);
     [[nodiscard]] static double getYCoord(odbc_database* db, const NORLEX_wellDescription& well);
-    [[nodiscard]] static bool setPosition(odbc_database* db,
-                                          const NORLEX_wellDescription& well,
-                                          double x,
-                                          double y);
+    [[nodiscard]] static bool
+    setPosition(odbc_database* db, const NORLEX_wellDescription& well, double x, double y);
     [[nodiscard]] static std::int64_t getPropertyCount(odbc_database* db,
                                                        const NORLEX_wellDescription& well);
 
-    // Identity. Renaming moves the well's files; a failed move undoes it. It is announced.
+    // Identity. Renaming moves the well's files; a failed move undoes it, and so does a triple that
+    // another well has. It is announced. A rename to the present names changes nothing.
     [[nodiscard]] bool open(const NORLEX_wellDescription& description);
     [[nodiscard]] bool isOK() const;
     [[nodiscard]] std::uint32_t getID() const;
@@ -123,6 +124,7 @@ public:
     [[nodiscard]] double getYCoord() const;
     [[nodiscard]] bool setYCoord(double y);
     // Coordinates of the hole at an absolute depth, in the container's projection.
+    // At the mark of an unknown depth, NORLEX_unknownDepth, x and y are left as they were.
     void getCoord(double absDepth, double& x, double& y);
     [[nodiscard]] bool setPosition(double x, double y);
     [[nodiscard]] bool setPosition(double x, double y, double altitude);
@@ -139,6 +141,9 @@ public:
     [[nodiscard]] std::unique_ptr<NORLEX_wellProperty> // null when there is none
     openProperty(const NORLEX_propDescription& prop);
     [[nodiscard]] bool removeProperty(const NORLEX_propDescription& prop);
+    // Moves a log's samples too; a name and group that the well has already are refused.
+    [[nodiscard]] bool renameProperty(const NORLEX_propDescription& oldProp,
+                                      const NORLEX_propDescription& newProp);
     void getPropertyList(std::vector<NORLEX_propDescription>& properties) const; // by group, name
     void getPropertyInfoList(std::vector<NORLEX_propertyInfo>& properties) const;
     [[nodiscard]] std::int64_t getPropertyCount() const;
@@ -146,7 +151,8 @@ public:
     [[nodiscard]] bool isPropertyExistAny(const std::wstring& name) const;
     void getPropertyGroupList(std::vector<std::wstring>& groups) const;
     void getPropertyForGroup(const std::wstring& group, std::vector<std::wstring>& names) const;
-    // From the first and the last sample of a log; false when it is none or has no samples.
+    // From the first and the last sample of a log, the shallower as the top; false when it is none
+    // or has no samples.
     [[nodiscard]] bool getPropertyLasDepthRange(const NORLEX_propDescription& prop,
                                                 NORLEX_depthRange& range) const;
 
@@ -175,14 +181,17 @@ public:
 
 private:
     [[nodiscard]] bool openRow(std::uint32_t wellId);
-    [[nodiscard]] std::wstring column(const wchar_t* name) const;
-    [[nodiscard]] bool storeIncl(const std::vector<inclData>& stations, bool silent);
+    // The column that `statement`, up to the well's key, selects.
+    [[nodiscard]] std::wstring textOf(const wchar_t* statement) const;
+    [[nodiscard]] double numberOf(const wchar_t* statement) const;
+    [[nodiscard]] bool editPosition(const std::function<bool()>& change);
+    [[nodiscard]] bool editTrajectory(const std::function<bool()>& change, bool silent);
     [[nodiscard]] bool recalcProperties();
+    void announceUpdate();
 
     odbc_database* m_db = nullptr;
     std::uint32_t m_wellId = 0;
-    std::wstring m_projection;
     std::wstring m_uuid;
-    std::unique_ptr<NORLEX_inclinometry> m_incl;
+    std::unique_ptr<NORLEX_inclinometry> m_incl; // made when it is first asked for
     bool m_ok = false;
 };

@@ -49,7 +49,9 @@ public:
     // Brings an older schema to the current version after asking the user.
     [[nodiscard]] bool updateVersion();
 
-    // Points the open container at another ".well2" file. On failure the container stays closed.
+    // Points the open container at another ".well2" file; its connection object stays the same. A
+    // path that is refused or an open transaction leave the container as it was; a file that then
+    // cannot be opened leaves it closed.
     [[nodiscard]] bool updateConnectionPath(const std::wstring& newPath);
 
     [[nodiscard]] const NORLEX_contDescription& getContDescription() const;
@@ -90,8 +92,12 @@ public:
     void rollbackTransaction();
 
 private:
+    class openFile;
+
     [[nodiscard]] bool openContainer(const NORLEX_contDescription& description);
+    [[nodiscard]] bool connectTo(const NORLEX_contDescription& description);
 
     NORLEX_contDescription m_description;
     std::unique_ptr<odbc_database> m_db;
+    std::unique_ptr<openFile> m_openFile;
 };

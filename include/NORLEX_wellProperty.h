@@ -25,8 +25,9 @@ struct NORLEX_propField {
     NORLEX_fieldType type = NORLEX_fieldTypeUnknown;
 };
 
-// Measured depths run along the hole, absolute depths are altitude minus vertical depth. Apostrophes
-// are dropped from names and groups wherever they are given. Neither database nor survey is owned.
+// Measured depths run along the hole, absolute depths are altitude minus vertical depth.
+// Apostrophes are dropped from names and groups wherever they are given. Neither database nor
+// survey is owned.
 class NORLEX_API NORLEX_wellProperty {
 public:
     // Opens the property with the key `propertyId`; isOK() tells whether it was found. The survey
@@ -49,7 +50,8 @@ public:
 
     // Makes a log from absolute depths and values of equal number. The measured depths are the
     // survey's getReal of the listed ones; samples keep the order of the list. A missing value is
-    // NORLEX_missingValue; a depth that is not finite is refused, a value that is not becomes missing.
+    // NORLEX_missingValue; a depth that is not finite is refused, a value that is not becomes
+    // missing.
     [[nodiscard]] static bool createLAS(odbc_database* db,
                                         std::uint32_t wellId,
                                         const NORLEX_propDescription& prop,
@@ -71,19 +73,18 @@ public:
                                         const std::wstring& description,
                                         const std::vector<NORLEX_logSample>& samples);
 
-    [[nodiscard]] static bool isExist(odbc_database* db,
-                                      std::uint32_t wellId,
-                                      const NORLEX_propDescription& prop);
-    [[nodiscard]] static bool isExistGroup(odbc_database* db,
-                                           std::uint32_t wellId,
-                                           const std::wstring& group);
+    [[nodiscard]] static bool
+    isExist(odbc_database* db, std::uint32_t wellId, const NORLEX_propDescription& prop);
+    [[nodiscard]] static bool
+    isExistGroup(odbc_database* db, std::uint32_t wellId, const std::wstring& group);
     [[nodiscard]] static bool isExistAny(odbc_database* db, // in any group
                                          std::uint32_t wellId,
                                          const std::wstring& name);
     [[nodiscard]] static std::int64_t getID(odbc_database* db, // 0 when there is none
                                             std::uint32_t wellId,
                                             const NORLEX_propDescription& prop);
-    [[nodiscard]] static NORLEX_propDescription getDescr(odbc_database* db, std::int64_t propertyId);
+    [[nodiscard]] static NORLEX_propDescription getDescr(odbc_database* db,
+                                                         std::int64_t propertyId);
     static void getGroupList(odbc_database* db,
                              std::uint32_t wellId,
                              std::vector<std::wstring>& groups); // the empty group is left out
@@ -91,15 +92,13 @@ public:
                                 std::uint32_t wellId,
                                 const std::wstring& group,
                                 std::vector<std::wstring>& names);
-    [[nodiscard]] static bool setComment(odbc_database* db,
-                                         std::int64_t propertyId,
-                                         const std::wstring& text);
+    [[nodiscard]] static bool
+    setComment(odbc_database* db, std::int64_t propertyId, const std::wstring& text);
 
     // Deletes the property with its values, geometry, fields, attributes and sample file, without
     // an announcement, in one transaction.
-    [[nodiscard]] static bool removeSilent(odbc_database* db,
-                                           std::uint32_t wellId,
-                                           const NORLEX_propDescription& prop);
+    [[nodiscard]] static bool
+    removeSilent(odbc_database* db, std::uint32_t wellId, const NORLEX_propDescription& prop);
     // The same, announced.
     [[nodiscard]] bool remove();
 
@@ -151,8 +150,14 @@ public:
     [[nodiscard]] std::vector<lasDescription> getAttributeCurveList();
 
 private:
-    [[nodiscard]] bool loadSamples();
+    [[nodiscard]] bool isLog() const;
     [[nodiscard]] std::wstring samplePath() const;
+    [[nodiscard]] bool loadSamples();
+    [[nodiscard]] bool storeSamples(bool announce);
+    void dropSamples();
+    [[nodiscard]] bool recalcSamples();
+    [[nodiscard]] bool recalcRecords();
+    void announceData() const;
 
     odbc_database* m_db = nullptr;
     NORLEX_inclinometry* m_incl = nullptr;

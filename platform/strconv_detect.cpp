@@ -61,7 +61,8 @@ public:
         std::array<std::array<double, letterCount>, letterCount> pairs{};
         std::size_t before = wordEnd;
         for (const wchar_t c : russianWords) {
-            const std::size_t letter = c == L' ' ? wordEnd : letterOf(c);
+            const std::size_t found = letterOf(c);
+            const std::size_t letter = found == noLetter ? wordEnd : found;
             ++single[letter];
             ++pairs[before][letter];
             before = letter;
@@ -275,7 +276,7 @@ encodings wideByZeros(std::string_view sample) {
         return utf32le;
     const std::size_t even = zeros[0] + zeros[2];
     const std::size_t odd = zeros[1] + zeros[3];
-    const std::size_t many = units / 4; // of twice as many
+    const std::size_t many = std::max<std::size_t>(units / 4, 1); // of twice as many
     if (even > many && odd <= few)
         return utf16be;
     if (odd > many && even <= few)

@@ -19,8 +19,9 @@ public:
     textio(const textio&) = delete;
     textio& operator=(const textio&) = delete;
 
-    // `encoding` detect: from the mark, else from the first 64 KB. False when the file cannot be
-    // opened; last error says why.
+    // `encoding` detect: from the mark, else from the first 64 KB. A mark outranks every other
+    // `encoding` too: it says for certain what the caller can only suppose. False when the file
+    // cannot be opened; last error says why.
     [[nodiscard]] bool open(const std::wstring& path, strconv::encodings encoding);
     [[nodiscard]] bool isOpen() const;
 
@@ -28,9 +29,9 @@ public:
     [[nodiscard]] std::uint64_t fileSize() const;      // bytes in the file
     [[nodiscard]] std::string_view head() const;       // raw bytes from its start, up to 64 KB
 
-    // The next line without its end (LF, CR LF or CR). False at the end of the file, or when a
-    // line is longer than `maxLine` bytes: isLineTooLong() tells the two apart. The view is good
-    // until the next call.
+    // The next line without its end: LF or CR LF, or CR in a file whose first 64 KB have no LF at
+    // all. False at the end of the file, or when a line is longer than `maxLine` bytes:
+    // isLineTooLong() tells the two apart. The view is good until the next call.
     [[nodiscard]] bool next(std::string_view& line);
     [[nodiscard]] bool isLineTooLong() const;
     [[nodiscard]] std::uint64_t lineNumber() const; // of the line last read, from 1
@@ -41,7 +42,8 @@ public:
 
     // Whole lines that are buffered after the line last read, at least one where the file has
     // one, for a reader that parses in bulk: it tells by consume() how many bytes and lines it
-    // took. Empty at the end of the file. The last line of the file may lack its line end.
+    // took. Every line ends with LF here, whatever the file has, and CR may stand before it; the
+    // last line of the file may lack its end. Empty at the end of the file.
     [[nodiscard]] std::string_view block();
     void consume(std::size_t bytes, std::uint64_t lines);
 
