@@ -23,6 +23,9 @@ inline constexpr int upgradeAction = 6;
 
 void add(odbc_database& db, int object, int action, const std::wstring& comment);
 
+// Lets go of the container's journal; the next entry opens it again.
+void close(const odbc_database& db);
+
 struct entry {
     std::wstring user;
     std::wstring date;

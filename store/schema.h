@@ -12,6 +12,8 @@ class odbc_database;
 
 namespace schema {
 
+inline constexpr int currentVersion = 36;
+
 // `before`, the key declaration, `after`; a table without such a key has no `after`.
 struct table {
     std::wstring_view name;

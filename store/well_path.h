@@ -9,6 +9,10 @@
 
 class odbc_database;
 
+// A file directory with a separator at its end; empty when there is none.
+[[nodiscard]] std::wstring NORLEX_getFilePath(const std::wstring& fileDirectory);
+[[nodiscard]] std::wstring NORLEX_getFilePath(const odbc_database& db); // the container's
+
 // Each ends in a separator. The folders are work object, field and name, each as a file name.
 [[nodiscard]] std::wstring NORLEX_getWellPath(odbc_database* db,
                                               std::uint32_t wellId); // empty: none
