@@ -35,4 +35,11 @@ addAll(odbc_database& db, std::int64_t propertyId, const std::vector<NORLEX_fiel
                                  const std::wstring& name,
                                  NORLEX_fieldType type);
 
+// The same for every property of a template that has no field of the name, in two statements
+// however many there are.
+[[nodiscard]] bool addToTemplate(odbc_database& db,
+                                 std::int64_t templateId,
+                                 const std::wstring& name,
+                                 NORLEX_fieldType type);
+
 } // namespace propertyFields
