@@ -1,0 +1,236 @@
+#include "NORLEX_lasImport.h"
+
+#include "NORLEX_lastError.h"
+#include "NORLEX_well.h"
+#include "exchange/las_import_logs.h"
+#include "exchange/las_import_samples.h"
+#include "exchange/las_import_well.h"
+#include "odbc_database.h"
+#include "platform/last_error.h"
+#include "platform/progress.h"
+#include "platform/transaction.h"
+#include "wells/announce.h"
+#include "wells/log_records.h"
+#include "wells/names.h"
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t mostListed = 1000; // skipped lines
+
+// One file on its way into the container.
+class las_import {
+public:
+    las_import(odbc_database& db,
+               const NORLEX_lasImportOptions& options,
+               const std::wstring& path,
+               NORLEX_lasImportResult& result)
+        : m_db(db), m_options(options), m_path(path), m_result(result),
+          m_file(path, false, options.encoding) {}
+
+    [[nodiscard]] bool run() {
+        if (!m_file.isOK() || !readFile())
+            return false;
+        if (m_options.dryRun)
+            return check();
+        transaction whole(&m_db);
+        return whole.isOpen() && write() && whole.commit();
+    }
+
+private:
+    [[nodiscard]] bool readFile();
+    [[nodiscard]] bool check();
+    [[nodiscard]] bool write();
+    [[nodiscard]] bool openWell();
+    [[nodiscard]] bool sortExisting(const logRecords::maker& logs);
+    [[nodiscard]] bool removeExisting();
+    [[nodiscard]] bool writeLogs(logRecords::maker& logs);
+    void addSkipped();
+
+    odbc_database& m_db;
+    const NORLEX_lasImportOptions& m_options;
+    const std::wstring& m_path;
+    NORLEX_lasImportResult& m_result;
+    NORLEX_lasfileExt m_file;
+    exactNotes::notes m_notes;
+    lasImportSamples::depth_column m_depths;
+    std::vector<lasImportLogs::target> m_targets; // one a curve
+};
+
+bool las_import::readFile() {
+    const std::size_t rows = m_file.getRowCount();
+    m_result.curves = m_file.getNumCurves();
+    m_result.rows = rows;
+    m_result.skipped = m_file.getSkippedLines();
+    m_result.skippedCount = m_file.getSkippedCount();
+    if (m_result.curves == 0)
+        return refuse(L"cannot import " + m_path + L": it has no curve besides the depth");
+    if (rows == 0)
+        return refuse(L"cannot import " + m_path
+                      + L": it has no data rows; a header alone makes no logs");
+    for (std::size_t i = 0; i < m_result.curves; ++i)
+        if (m_file.getCurveByIndex(i)->getPointsCount() != rows)
+            return refuse(L"cannot import " + m_path + L": curve "
+                          + m_file.getCurveByIndex(i)->getName()
+                          + L" has not one value for each depth");
+    std::vector<std::wstring> mnemonics;
+    m_file.getCurveNames(mnemonics);
+    m_notes = exactNotes::read(m_file.getOtherInf(), mnemonics);
+    m_result.well = lasImportWell::describe(m_file, m_path, m_options, m_notes);
+    m_targets = lasImportLogs::targets(m_file, m_options.group, m_notes);
+    m_depths = lasImportSamples::sorted(m_file.getCurveByIndex(0)->getPoints(),
+                                        lasImportLogs::metresInDepth(m_file));
+    addSkipped();
+    if (m_depths.depths.empty())
+        return refuse(L"cannot import " + m_path + L": none of its rows has a depth");
+    return true;
+}
+
+void las_import::addSkipped() {
+    if (m_depths.skipped == 0)
+        return;
+    m_result.skippedCount += m_depths.skipped;
+    if (m_result.skipped.size() < mostListed)
+        m_result.skipped.push_back(
+            {0,
+             std::to_wstring(m_depths.skipped) + L" rows have no depth, the first is row "
+                 + std::to_wstring(std::uint64_t{m_depths.firstSkipped} + 1) + L" of the data"});
+}
+
+// What write() would refuse before it writes anything.
+bool las_import::check() {
+    m_result.well.wellId = NORLEX_well::getID(&m_db, m_result.well);
+    m_result.wellCreated = m_result.well.wellId == 0;
+    if (!names::areStorable(m_result.well))
+        return false;
+    for (const auto& target : m_targets)
+        if (!names::areStorable(target.description))
+            return false;
+    if (!m_result.wellCreated) {
+        const logRecords::maker logs(m_db, m_result.well.wellId);
+        if (!logs.isOK() || !sortExisting(logs))
+            return false;
+    }
+    for (const auto& target : m_targets)
+        m_result.created += target.action == lasImportLogs::what::leave ? 0U : 1U;
+    return true;
+}
+
+bool las_import::write() {
+    if (!openWell())
+        return false;
+    auto logs = std::make_unique<logRecords::maker>(m_db, m_result.well.wellId);
+    if (!logs->isOK() || !sortExisting(*logs))
+        return false;
+    if (m_options.onExisting == NORLEX_onExisting::replace && m_result.existing > 0) {
+        if (!removeExisting())
+            return false;
+        logs = std::make_unique<logRecords::maker>(m_db, m_result.well.wellId);
+    }
+    if (!writeLogs(*logs))
+        return false;
+    if (!m_result.wellCreated && m_result.created > 0)
+        announce::afterCommit(m_db, [well = m_result.well](auto& observer, const auto& container) {
+            observer.updateWell(container, well);
+        });
+    return true;
+}
+
+// Finds or makes the well, and computes the absolute depths with its survey.
+bool las_import::openWell() {
+    m_result.well.wellId = NORLEX_well::getID(&m_db, m_result.well);
+    m_result.wellCreated = m_result.well.wellId == 0;
+    if (m_result.wellCreated) {
+        if (!NORLEX_well::create(&m_db, m_result.well))
+            return false;
+        m_result.well.wellId = NORLEX_well::getID(&m_db, m_result.well);
+    }
+    NORLEX_well well(&m_db, m_result.well.wellId);
+    if (!well.isOK())
+        return false;
+    if (m_result.wellCreated) {
+        const auto head = lasImportWell::positionOf(m_file);
+        const auto altitude = lasImportWell::altitudeOf(m_file);
+        if ((head && !well.setPosition(head->x, head->y))
+            || (altitude && !well.setAltitude(*altitude)))
+            return false;
+    }
+    lasImportSamples::addAbsolute(m_depths, *well.getIncl());
+    return true;
+}
+
+// Decides about every log that the well has already.
+bool las_import::sortExisting(const logRecords::maker& logs) {
+    using enum lasImportLogs::what;
+    const lasImportLogs::target* first = nullptr;
+    for (auto& target : m_targets) {
+        if (!logs.isTaken(target.description))
+            continue;
+        target.action = m_options.onExisting == NORLEX_onExisting::skip ? leave : replace;
+        first = first == nullptr ? &target : first;
+        ++m_result.existing;
+    }
+    if (first == nullptr || m_options.onExisting != NORLEX_onExisting::fail)
+        return true;
+    return refuse(L"cannot import " + m_path + L": the well " + names::shown(m_result.well)
+                  + L" has " + std::to_wstring(m_result.existing) + L" of its "
+                  + std::to_wstring(m_targets.size()) + L" logs already, the first is "
+                  + names::shown(first->description)
+                  + L"; skip them, replace them, or choose another group");
+}
+
+bool las_import::removeExisting() {
+    for (const auto& target : m_targets)
+        if (target.action == lasImportLogs::what::replace
+            && !NORLEX_wellProperty::removeSilent(&m_db, m_result.well.wellId, target.description))
+            return false;
+    return true;
+}
+
+// A curve's points go as soon as they are written: they are most of the memory of a large file.
+bool las_import::writeLogs(logRecords::maker& logs) {
+    const auto common = lasImportLogs::commonAttributes(m_file);
+    lasImportSamples::sample_writer writer(m_depths,
+                                           m_notes.nullsAreNoSamples && m_depths.rows.empty());
+    progress steps(m_path, m_targets.size());
+    for (std::size_t i = 0; i < m_targets.size(); ++i) {
+        if (steps.isStopped())
+            return refuse(L"the import of " + m_path + L" was stopped");
+        NORLEX_lasCurve& curve = *m_file.getCurveByIndex(i);
+        if (m_targets[i].action != lasImportLogs::what::leave) {
+            const auto& missing = m_notes.curves[i].missing;
+            if (!logs.create({m_targets[i].description,
+                              curve.getComment(),
+                              lasImportLogs::attributesOf(curve, common),
+                              [&](std::FILE* file) { return writer.write(file, curve, missing); }}))
+                return false;
+            ++m_result.created;
+        }
+        curve = NORLEX_lasCurve(curve.getName(), 0);
+        steps.advance(i + 1);
+    }
+    return true;
+}
+
+} // namespace
+
+NORLEX_lasImport::NORLEX_lasImport(odbc_database* db, NORLEX_lasImportOptions options)
+    : m_db(db), m_options(std::move(options)) {}
+
+NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path) {
+    NORLEX_lasImportResult result;
+    refuse({}); // so that the line found afterwards is of this file
+    if (m_db == nullptr)
+        refuse(L"cannot import " + path + L": no database is open");
+    else
+        result.ok = las_import(*m_db, m_options, path, result).run();
+    if (result.ok)
+        return result;
+    result.created = 0;
+    result.error = NORLEX_lastError();
+    if (result.error.empty())
+        result.error = L"cannot import " + path + L": " + (m_db ? m_db->last_error() : L"");
+    return result;
+}
