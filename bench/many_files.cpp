@@ -1,0 +1,76 @@
+// Many small LAS files, each a transaction of its own, into one container.
+#include "bench/child.h"
+#include "bench/database.h"
+#include "bench/las_files.h"
+#include "bench/measures.h"
+
+#include "NORLEX_lasImport.h"
+#include "platform/strconv.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace bench {
+
+namespace {
+
+constexpr std::size_t rows = 450; // with ten curves, 50 KB
+constexpr std::size_t curves = 10;
+
+std::string inputPath(const settings& with, std::size_t number) {
+    return with.folder + "/many/W-" + std::to_string(number) + ".las";
+}
+
+// Seconds for all files, resident bytes after a quarter of them and after all.
+std::vector<double> importAll(const settings& with, const std::string& base) {
+    const auto container = newContainer(base);
+    if (!container)
+        return {};
+    NORLEX_lasImport import(container->getBaseLink(), {});
+    double early = 0.0;
+    bool good = true;
+    const double time = timed([&] {
+        for (std::size_t i = 0; good && i < with.files; ++i) {
+            const auto result = import.importFile(ts::strconv::fromUtf8(inputPath(with, i)));
+            good = result.ok && result.created == curves;
+            if (!good)
+                static_cast<void>(failed(inputPath(with, i)));
+            if (i == with.files / 4)
+                early = residentBytes();
+        }
+    });
+    if (!good)
+        return {};
+    return {time, early, residentBytes()};
+}
+
+} // namespace
+
+bool manyFiles(const settings& with, std::vector<figure>& figures) {
+    std::error_code error;
+    std::filesystem::create_directories(with.folder + "/many", error);
+    for (std::size_t i = 0; i < with.files; ++i)
+        if (!makeLas(inputPath(with, i), "W-" + std::to_string(i), rows, curves))
+            return failed("making " + inputPath(with, i));
+    std::vector<double> rates, early, late;
+    for (std::size_t round = 0; round < std::min<std::size_t>(with.rounds, 3); ++round) {
+        const std::string folder = with.folder + "/many-base";
+        std::filesystem::create_directories(folder, error);
+        const auto result = inChild([&] { return importAll(with, folder + "/base.well2"); });
+        std::filesystem::remove_all(folder, error);
+        if (!result)
+            return failed("importing many files");
+        rates.push_back(static_cast<double>(with.files) / result->values[0]);
+        early.push_back(result->values[1] / 1e6);
+        late.push_back(result->values[2] / 1e6);
+    }
+    std::filesystem::remove_all(with.folder + "/many", error);
+    add(figures, atLeast("small LAS files into a container", "files/s", median(rates), 300.0));
+    figure memory = against("memory after all of them", "MB", late, "after a quarter", early, 1.1);
+    memory.atMost = true;
+    add(figures, memory);
+    return true;
+}
+
+} // namespace bench

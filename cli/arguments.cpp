@@ -1,0 +1,252 @@
+#include "cli/arguments.h"
+
+#include "cli/command_options.h"
+#include "cli/commands.h"
+#include "cli/help_format.h"
+#include "cli/help_texts.h"
+#include "cli/text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <memory>
+#include <utility>
+
+namespace {
+
+using namespace commandOptions;
+using command = std::function<int()>;
+
+constexpr int wrongUsage = 2;
+
+CLI::App& addWord(CLI::App& parent, const helpText& help) {
+    auto* const app =
+        parent.add_subcommand(help.name, std::string(help.brief) + "\n" + help.paragraph);
+    app->footer(std::string("Example:\n  ") + help.example);
+    return *app;
+}
+
+// A word before other words: "well" of "well add".
+CLI::App& addGroup(CLI::App& parent, const helpText& help) {
+    CLI::App& app = addWord(parent, help);
+    app.require_subcommand(1);
+    return app;
+}
+
+// Adds a command: `options` fills the request from the command line, `check` refuses what does not
+// go together. When the command is the one asked for, `chosen` becomes its run.
+template <typename Request, typename Options>
+void addCommand(
+    CLI::App& parent,
+    command& chosen,
+    const helpText& help,
+    int (*run)(const Request&),
+    Options options,
+    void (*check)(const Request&) = [](const Request&) {}) {
+    CLI::App& app = addWord(parent, help);
+    // The option callbacks refer to the request, so it lives as long as the command does.
+    const auto request = std::make_shared<Request>();
+    options(app, *request);
+    app.callback([&chosen, request, run, check] {
+        check(*request);
+        chosen = [request, run] { return run(*request); };
+    });
+}
+
+// Lists the commands added since the last call under a title of their own.
+void titleCommands(CLI::App& app, const std::string& title) {
+    for (auto* const c : app.get_subcommands([](CLI::App*) { return true; }))
+        if (c->get_group() == "Subcommands")
+            c->group(title);
+}
+
+void fileOptions(CLI::App& app, fileRequest& request) {
+    addFile(app, request.file);
+    addJson(app, request.form);
+}
+
+void addContainerCommands(CLI::App& app, command& chosen) {
+    addCommand(app, chosen, helpTexts::create, commands::create, [](CLI::App& c, createRequest& r) {
+        addFile(c, r.file);
+        c.add_flag("--force", r.force, "replace an existing file");
+    });
+    addCommand(app, chosen, helpTexts::info, commands::info, fileOptions);
+}
+
+void lasOptions(CLI::App& app, lasRequest& request) {
+    addText(app, "FILE", "", request.file, "the LAS file")->required();
+    addEncoding(app, request.encoding);
+    app.add_flag("--header", request.headerOnly, "read the header alone");
+    addJson(app, request.form);
+}
+
+void importLasOptions(CLI::App& app, importLasRequest& request) {
+    auto& options = request.options;
+    addFile(app, request.file);
+    addTexts(app, "PATH", "", request.paths, "LAS files, and folders to look for *.las in")
+        ->required();
+    addText(app, "--object", "O", options.workObject, "work object of the wells; empty without it");
+    addText(app, "--field", "F", options.field, "their field; without it, what the files say");
+    addText(app, "--group", "G", options.group, "group of the logs; LAS without it");
+    addEncoding(app, options.encoding);
+    addOnExisting(app, options.onExisting);
+    app.add_flag("--dry-run", options.dryRun, "read and check everything, write nothing");
+    addJson(app, request.form);
+}
+
+void exportLasOptions(CLI::App& app, exportLasRequest& request) {
+    addFile(app, request.file);
+    addWell(app, request.well);
+    addTexts(app, "--prop", "P", request.properties, "a log, GROUP/NAME or NAME; may be repeated")
+        ->allow_extra_args(false);
+    app.add_flag("--exact", request.exact, "every sample at its own depth");
+    addText(app, "-o,--output", "OUT", request.out, "the file to write")->required();
+}
+
+void addExchangeCommands(CLI::App& app, command& chosen) {
+    addCommand(app, chosen, helpTexts::las, commands::las, lasOptions);
+    CLI::App& import = addGroup(app, helpTexts::importCommand);
+    addCommand(import, chosen, helpTexts::importLas, commands::importLas, importLasOptions);
+    addCommand(import,
+               chosen,
+               helpTexts::importSurvey,
+               commands::importSurvey,
+               [](CLI::App& c, importSurveyRequest& r) {
+                   addFile(c, r.file);
+                   addWell(c, r.well);
+                   addText(c, "LISTING", "", r.listing, "the survey listing")->required();
+               });
+    CLI::App& group = addGroup(app, helpTexts::exportCommand);
+    addCommand(group, chosen, helpTexts::exportLas, commands::exportLas, exportLasOptions);
+}
+
+void wellOptions(CLI::App& app, wellSetRequest& request) {
+    addFile(app, request.file);
+    addWell(app, request.well);
+    addNumber(app, "--altitude", request.altitude, "elevation of the well head");
+    auto* const x = addNumber(app, "--x", request.x, "east coordinate of the well head");
+    auto* const y = addNumber(app, "--y", request.y, "north coordinate of the well head");
+    x->needs(y);
+    y->needs(x);
+    addNumber(app, "--bottom", request.bottom, "measured depth of the bottom");
+}
+
+void checkWellSet(const wellSetRequest& request) {
+    if (!request.altitude && !request.x && !request.bottom)
+        refuseUsage("nothing to change: give --altitude, --x and --y, or --bottom");
+}
+
+void addWellCommands(CLI::App& app, command& chosen) {
+    addCommand(app, chosen, helpTexts::wells, commands::wells, fileOptions);
+    CLI::App& group = addGroup(app, helpTexts::well);
+    addCommand(group, chosen, helpTexts::wellAdd, commands::addWell, wellOptions);
+    addCommand(group, chosen, helpTexts::wellSet, commands::setWell, wellOptions, checkWellSet);
+    addCommand(group,
+               chosen,
+               helpTexts::wellRename,
+               commands::renameWell,
+               [](CLI::App& c, renameRequest& r) {
+                   addFile(c, r.file);
+                   addWell(c, r.well);
+                   addText(c, "--to", "W2", r.to, "the new name")->required();
+               });
+    addCommand(group,
+               chosen,
+               helpTexts::wellRemove,
+               commands::removeWell,
+               [](CLI::App& c, wellRequest& r) {
+                   addFile(c, r.file);
+                   addWell(c, r.well);
+               });
+}
+
+void dataOptions(CLI::App& app, dataRequest& request) {
+    addFile(app, request.file);
+    addWell(app, request.well);
+    addText(app, "--prop", "P", request.property, "GROUP/NAME, or NAME where that is unique")
+        ->required();
+    addNumber(app, "--from", request.from, "shallowest measured depth");
+    addNumber(app, "--to", request.to, "deepest measured depth");
+    addJson(app, request.form);
+    addCsv(app, request.form);
+}
+
+void checkData(const dataRequest& request) {
+    if (request.from && request.to && *request.from > *request.to)
+        refuseUsage("--from is deeper than --to");
+}
+
+void depthOptions(CLI::App& app, depthRequest& request) {
+    addFile(app, request.file);
+    addWell(app, request.well);
+    addNumbers(app, "--md", request.measured, "measured depths, one or more");
+    addNumbers(app, "--abs", request.absolute, "absolute depths, one or more");
+    addJson(app, request.form);
+}
+
+void checkDepth(const depthRequest& request) {
+    if (request.measured.empty() == request.absolute.empty())
+        refuseUsage("depths are given either as --md D… or as --abs D…");
+}
+
+void addDataCommands(CLI::App& app, command& chosen) {
+    const auto options = [](CLI::App& c, wellRequest& r) {
+        addFile(c, r.file);
+        addWell(c, r.well);
+        addJson(c, r.form);
+    };
+    addCommand(app, chosen, helpTexts::props, commands::props, options);
+    addCommand(app, chosen, helpTexts::data, commands::data, dataOptions, checkData);
+    addCommand(app, chosen, helpTexts::survey, commands::survey, options);
+    addCommand(app, chosen, helpTexts::depth, commands::depth, depthOptions, checkDepth);
+}
+
+// Why the parser stopped. Where a command is missing or unknown, its own words do not say which.
+std::string messageOf(const CLI::App& app, const CLI::ParseError& error) {
+    const std::string message = unguarded(error.what());
+    if (message != "A subcommand is required")
+        return message;
+    if (app.remaining_size(true) == 0)
+        return "no command was given";
+    const std::string word = unguarded(app.remaining(true).front());
+    return word.starts_with('-') ? "a command comes before " + word
+                                 : "there is no command \"" + word + "\"";
+}
+
+// One line on standard error for wrong usage; help and version as they are.
+int answer(const CLI::App& app, const CLI::ParseError& error) {
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
+        return app.exit(error);
+    const std::string line = text::shown(text::wide(messageOf(app, error)));
+    static_cast<void>(std::fprintf(stderr, "welldb: %s (--help tells more)\n", line.c_str()));
+    return wrongUsage;
+}
+
+} // namespace
+
+std::function<int()> parseArguments(int argc, const char* const* argv, int& exitCode) {
+    command chosen;
+    CLI::App app(helpTexts::program, "welldb");
+    app.formatter(std::make_shared<helpFormat>());
+    app.footer(helpTexts::programFooter);
+    app.set_version_flag("--version", "welldb " WELLDB_VERSION);
+    app.require_subcommand(1);
+    addContainerCommands(app, chosen);
+    titleCommands(app, "Containers");
+    addExchangeCommands(app, chosen);
+    titleCommands(app, "Files in and out");
+    addWellCommands(app, chosen);
+    addDataCommands(app, chosen);
+    titleCommands(app, "Wells and their data");
+
+    std::vector<std::string> arguments; // the last one first, as the parser takes them
+    for (int i = argc - 1; i > 0; --i)
+        arguments.push_back(guarded(argv[i]));
+    try {
+        app.parse(arguments);
+    } catch (const CLI::ParseError& error) {
+        exitCode = answer(app, error);
+        return {};
+    }
+    return chosen;
+}

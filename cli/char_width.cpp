@@ -1,0 +1,168 @@
+#include "cli/char_width.h"
+
+#include "cli/text.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+struct range {
+    char32_t first;
+    char32_t last;
+};
+
+// Marks that combine with the character before them, and characters without width: the scripts
+// that well names are written in, and what emoji are joined with. Unicode 15, categories Mn, Me
+// and Cf.
+constexpr range zeroWidth[] = {
+    {0x0300,  0x036F },
+    {0x0483,  0x0489 },
+    {0x0591,  0x05BD },
+    {0x0610,  0x061A },
+    {0x064B,  0x065F },
+    {0x0670,  0x0670 },
+    {0x06D6,  0x06DC },
+    {0x093C,  0x093C },
+    {0x0941,  0x0948 },
+    {0x094D,  0x094D },
+    {0x0E31,  0x0E31 },
+    {0x0E34,  0x0E3A },
+    {0x0E47,  0x0E4E },
+    {0x1160,  0x11FF },
+    {0x1AB0,  0x1ACE },
+    {0x1DC0,  0x1DFF },
+    {0x200B,  0x200F },
+    {0x2060,  0x2064 },
+    {0x20D0,  0x20F0 },
+    {0x2DE0,  0x2DFF },
+    {0xA66F,  0xA67D },
+    {0xFE00,  0xFE0F },
+    {0xFE20,  0xFE2F },
+    {0xFEFF,  0xFEFF },
+    {0xE0001, 0xE01EF},
+};
+
+// East Asian width W and F, which take in the emoji shown as pictures.
+constexpr range doubleWidth[] = {
+    {0x1100,  0x115F },
+    {0x231A,  0x231B },
+    {0x23E9,  0x23EC },
+    {0x23F0,  0x23F0 },
+    {0x23F3,  0x23F3 },
+    {0x25FD,  0x25FE },
+    {0x2614,  0x2615 },
+    {0x2648,  0x2653 },
+    {0x267F,  0x267F },
+    {0x2693,  0x2693 },
+    {0x26A1,  0x26A1 },
+    {0x26AA,  0x26AB },
+    {0x26BD,  0x26BE },
+    {0x26C4,  0x26C5 },
+    {0x26CE,  0x26CE },
+    {0x26D4,  0x26D4 },
+    {0x26EA,  0x26EA },
+    {0x26F2,  0x26F3 },
+    {0x26F5,  0x26F5 },
+    {0x26FA,  0x26FA },
+    {0x26FD,  0x26FD },
+    {0x2705,  0x2705 },
+    {0x270A,  0x270B },
+    {0x2728,  0x2728 },
+    {0x274C,  0x274C },
+    {0x274E,  0x274E },
+    {0x2753,  0x2755 },
+    {0x2757,  0x2757 },
+    {0x2795,  0x2797 },
+    {0x27B0,  0x27B0 },
+    {0x27BF,  0x27BF },
+    {0x2B1B,  0x2B1C },
+    {0x2B50,  0x2B50 },
+    {0x2B55,  0x2B55 },
+    {0x2E80,  0x303E },
+    {0x3041,  0x33FF },
+    {0x3400,  0x4DBF },
+    {0x4E00,  0x9FFF },
+    {0xA000,  0xA4CF },
+    {0xA960,  0xA97F },
+    {0xAC00,  0xD7A3 },
+    {0xF900,  0xFAFF },
+    {0xFE10,  0xFE19 },
+    {0xFE30,  0xFE6F },
+    {0xFF00,  0xFF60 },
+    {0xFFE0,  0xFFE6 },
+    {0x16FE0, 0x18CFF},
+    {0x1AFF0, 0x1B2FB},
+    {0x1F004, 0x1F004},
+    {0x1F0CF, 0x1F0CF},
+    {0x1F18E, 0x1F18E},
+    {0x1F191, 0x1F19A},
+    {0x1F200, 0x1F320},
+    {0x1F32D, 0x1F335},
+    {0x1F337, 0x1F37C},
+    {0x1F37E, 0x1F393},
+    {0x1F3A0, 0x1F3CA},
+    {0x1F3CF, 0x1F3D3},
+    {0x1F3E0, 0x1F3F0},
+    {0x1F3F4, 0x1F3F4},
+    {0x1F3F8, 0x1F43E},
+    {0x1F440, 0x1F440},
+    {0x1F442, 0x1F4FC},
+    {0x1F4FF, 0x1F53D},
+    {0x1F54B, 0x1F54E},
+    {0x1F550, 0x1F567},
+    {0x1F57A, 0x1F57A},
+    {0x1F595, 0x1F596},
+    {0x1F5A4, 0x1F5A4},
+    {0x1F5FB, 0x1F64F},
+    {0x1F680, 0x1F6C5},
+    {0x1F6CC, 0x1F6CC},
+    {0x1F6D0, 0x1F6D2},
+    {0x1F6D5, 0x1F6DF},
+    {0x1F6EB, 0x1F6EC},
+    {0x1F6F4, 0x1F6FC},
+    {0x1F7E0, 0x1F7F0},
+    {0x1F90C, 0x1F93A},
+    {0x1F93C, 0x1F945},
+    {0x1F947, 0x1F9FF},
+    {0x1FA70, 0x1FAFF},
+    {0x20000, 0x2FFFD},
+    {0x30000, 0x3FFFD},
+};
+
+template <std::size_t N>
+bool holds(const range (&ranges)[N], char32_t point) {
+    const auto* const found = std::partition_point(
+        std::begin(ranges), std::end(ranges), [point](range r) { return r.last < point; });
+    return found != std::end(ranges) && found->first <= point;
+}
+
+std::size_t widthOf(char32_t point) {
+    if (point < 0x0300)
+        return 1;
+    if (holds(zeroWidth, point))
+        return 0;
+    return holds(doubleWidth, point) ? 2 : 1;
+}
+
+} // namespace
+
+std::size_t columnsOf(std::string_view utf8) {
+    std::size_t columns = 0;
+    for (std::size_t i = 0; i < utf8.size();)
+        columns += widthOf(text::nextCodePoint(utf8, i));
+    return columns;
+}
+
+std::string shortened(std::string_view utf8, std::size_t columns) {
+    std::size_t taken = 0;
+    std::size_t fits = 0; // bytes that leave room for the mark
+    for (std::size_t i = 0; i < utf8.size();) {
+        taken += widthOf(text::nextCodePoint(utf8, i));
+        if (taken > columns)
+            return std::string(utf8.substr(0, fits)) + "…";
+        if (taken < columns)
+            fits = i;
+    }
+    return std::string(utf8);
+}

@@ -1,0 +1,171 @@
+#include "cli/help_texts.h"
+
+namespace helpTexts {
+
+const char* const program = "A well database: boreholes, surveys and logs in one file.";
+
+const char* const programFooter =
+    "A well is named OBJECT/FIELD/NAME, or NAME alone where only one well bears it; a property\n"
+    "GROUP/NAME or NAME alone; \\/ is a slash inside a name. Results are tables, or JSON with\n"
+    "--json. Exit codes: 0 done, 1 refused or failed (one line on standard error says why), 2 wrong\n"
+    "usage.\n"
+    "\n"
+    "Examples:\n"
+    "  welldb create field.well2\n"
+    "  welldb import las field.well2 logs/\n"
+    "  welldb wells field.well2\n"
+    "  welldb COMMAND --help";
+
+const helpText create{
+    "create",
+    "make a new container",
+    "Makes a new container: an empty well database with the standard property templates. Files that "
+    "belong to its wells will lie in a folder of its name beside it. The name must end in .well2. "
+    "An existing file is left alone unless --force says to replace it.",
+    "welldb create field.well2",
+};
+
+const helpText info{
+    "info",
+    "what a container is and holds",
+    "Shows what a container is: its path, kind and schema version, how many wells, properties and "
+    "templates it holds, who made and changed it when (UTC), and where its attached files lie.",
+    "welldb info field.well2 --json",
+};
+
+const helpText las{
+    "las",
+    "show a LAS file without a database",
+    "Reads a LAS file and shows its header, its curves with their statistics, and every line that "
+    "was not taken, with the reason. POINTS counts all samples of a curve, VALUES those that are "
+    "not null; MIN and MAX are of the latter. No database takes part. --header stops at the header, "
+    "however large the file is.",
+    "welldb las logs/well-12.las --encoding windows-1251",
+};
+
+const helpText importCommand{
+    "import",
+    "read LAS files and surveys into a container",
+    "Reads files into a container.",
+    "welldb import las field.well2 logs/",
+};
+
+const helpText importLas{
+    "las",
+    "read LAS files into wells and logs",
+    "Reads LAS files into a container, each into a well and its logs. The well is found by work "
+    "object, field and name, or created with the position and altitude of the file's header. A "
+    "folder is walked for *.las; a file that is named is read whatever it is called. Each file is "
+    "taken wholly or not at all, all files are tried, and Ctrl-C keeps what was done.",
+    "welldb import las field.well2 logs/ --object North --on-existing skip",
+};
+
+const helpText importSurvey{
+    "survey",
+    "replace the survey of a well by a listing",
+    "Replaces the survey of a well by the one in a listing: a text file whose data lie between its "
+    "second and its third line with a \"=\", with measured depth, inclination and azimuth (degrees) "
+    "first on each line. The absolute depths of the well's logs follow.",
+    "welldb import survey field.well2 --well North/Deep/12 survey.lst",
+};
+
+const helpText exportCommand{
+    "export",
+    "write LAS files",
+    "Writes files out of a container.",
+    "welldb export las field.well2 --well 12 -o well-12.las",
+};
+
+const helpText exportLas{
+    "las",
+    "write logs of a well into a LAS file",
+    "Writes logs of one well into a LAS 2.0 file on a common depth grid, whose step is that of the "
+    "first log: depths with one decimal, values with three, in windows-1251. With --exact every "
+    "sample stands at its own depth with as many decimals as read back the same number, in UTF-8. "
+    "Without --prop all logs of the well are written.",
+    "welldb export las field.well2 --well 12 --prop LAS/GR --prop LAS/DT --exact -o well-12.las",
+};
+
+const helpText wells{
+    "wells",
+    "list the wells",
+    "Lists the wells of a container with their position, altitude and bottom, and how many "
+    "properties and stored survey stations each has.",
+    "welldb wells field.well2 --json",
+};
+
+const helpText well{
+    "well",
+    "add, set, rename or remove a well",
+    "Adds, changes, renames and removes wells.",
+    "welldb well add field.well2 --well North/Deep/12",
+};
+
+const helpText wellAdd{
+    "add",
+    "add a well",
+    "Adds a well. NAME alone leaves work object and field empty; without numbers the well stands at "
+    "altitude 0 and position (0, 0), with no bottom.",
+    "welldb well add field.well2 --well North/Deep/12 --altitude 104.5 --x 4512000 --y 6203500",
+};
+
+const helpText wellSet{
+    "set",
+    "change altitude, position or bottom",
+    "Changes the altitude, position or bottom of a well. A new altitude moves every absolute depth "
+    "of the well: its survey and its logs follow.",
+    "welldb well set field.well2 --well North/Deep/12 --bottom 3120.5",
+};
+
+const helpText wellRename{
+    "rename",
+    "rename a well",
+    "Renames a well, and moves its files along. NAME alone changes the name and leaves work object "
+    "and field as they are; OBJECT/FIELD/NAME changes all three.",
+    "welldb well rename field.well2 --well North/Deep/12 --to 12-bis",
+};
+
+const helpText wellRemove{
+    "remove",
+    "remove a well with all its data",
+    "Removes a well with its survey, its properties and all their files. It does not ask.",
+    "welldb well remove field.well2 --well North/Deep/12",
+};
+
+const helpText props{
+    "props",
+    "list the properties of a well",
+    "Lists the properties of a well: logs and every other kind, with their template, unit, number "
+    "of records and extent in measured depth.",
+    "welldb props field.well2 --well 12 --json",
+};
+
+const helpText data{
+    "data",
+    "show the samples of a log",
+    "Shows the samples of a log: measured depth, absolute depth and value. --from and --to keep "
+    "the measured depths between them, both ends included. A missing value is null in JSON and "
+    "empty in a table or CSV.",
+    "welldb data field.well2 --well 12 --prop LAS/GR --from 1500 --to 1510 --csv",
+};
+
+const helpText survey{
+    "survey",
+    "show the survey of a well",
+    "Shows the directional survey of a well: stations with measured and absolute depth, inclination "
+    "and azimuth in degrees, and x (east) and y (north), which are offsets from the well head. "
+    "Below them the altitude, whether depths grow and absolute depths fall all the way (valid), and "
+    "the farthest offset in each direction.",
+    "welldb survey field.well2 --well 12 --json",
+};
+
+const helpText depth{
+    "depth",
+    "convert measured and absolute depths",
+    "Converts measured depths into absolute ones (--md) or back (--abs) along the survey of a well. "
+    "Absolute depth is altitude minus vertical depth; x and y are the coordinates of the hole at "
+    "that depth, head position included.",
+    "welldb depth field.well2 --well 12 --md 1500 1500.5 2200",
+};
+
+} // namespace helpTexts

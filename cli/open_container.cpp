@@ -1,0 +1,37 @@
+#include "cli/open_container.h"
+
+#include "cli/names.h"
+#include "cli/output.h"
+
+#include "pwdHolder.h"
+
+std::unique_ptr<NORLEX_wellContainer> openContainer(const std::wstring& path) {
+    NORLEX_contDescription description = NORLEX_wellContainer::makeDescription(path);
+    if (!pwdHolder::Instance().fill(description)) {
+        output::say(L"the server that " + path
+                    + L" names needs a user and a password: add lines UID=… and PWD=… to the file");
+        return nullptr;
+    }
+    auto container = std::make_unique<NORLEX_wellContainer>(description);
+    if (container->isOK())
+        return container;
+    output::say(output::reason());
+    return nullptr;
+}
+
+openedWell openWell(const std::wstring& path, const std::wstring& reference) {
+    openedWell out;
+    out.container = openContainer(path);
+    if (!out.container)
+        return out;
+    odbc_database* const db = out.container->getBaseLink();
+    const auto description = names::findWell(db, reference);
+    if (!description)
+        return out;
+    out.well = std::make_unique<NORLEX_well>(db, *description);
+    if (!out.well->isOK()) {
+        output::say(output::reason());
+        out.well.reset();
+    }
+    return out;
+}

@@ -1,0 +1,20 @@
+// Opens what the commands work on; each says why when it cannot.
+#pragma once
+
+#include "NORLEX_well.h"
+#include "NORLEX_wellContainer.h"
+
+#include <memory>
+#include <string>
+
+// Null when it cannot be opened.
+[[nodiscard]] std::unique_ptr<NORLEX_wellContainer> openContainer(const std::wstring& path);
+
+// A well with its container, which it must not outlive.
+struct openedWell {
+    std::unique_ptr<NORLEX_wellContainer> container;
+    std::unique_ptr<NORLEX_well> well; // null when either was not found
+
+    explicit operator bool() const { return well != nullptr; }
+};
+[[nodiscard]] openedWell openWell(const std::wstring& path, const std::wstring& reference);
