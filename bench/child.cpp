@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 
 namespace bench {
 
@@ -53,6 +54,17 @@ double timed(const std::function<void()>& work) {
     const double start = seconds();
     work();
     return seconds() - start;
+}
+
+double timedOnProcessor(const std::function<void()>& work) {
+    const auto spent = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    };
+    const double start = spent();
+    work();
+    return spent() - start;
 }
 
 double residentBytes() {

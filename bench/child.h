@@ -18,6 +18,8 @@ struct childResult {
 
 [[nodiscard]] double seconds(); // of a clock that never goes back
 [[nodiscard]] double timed(const std::function<void()>& work);
+// The processor's time alone, for work that waits for nothing: other programs do not lengthen it.
+[[nodiscard]] double timedOnProcessor(const std::function<void()>& work);
 
 // Resident size of this process now, in bytes.
 [[nodiscard]] double residentBytes();

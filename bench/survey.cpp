@@ -35,7 +35,7 @@ double
 nanoseconds(NORLEX_inclinometry& survey, conversion convert, const std::vector<double>& depths) {
     volatile double kept = 0.0; // keeps the calls
     double sum = 0.0;
-    const double time = timed([&] {
+    const double time = timedOnProcessor([&] {
         for (const double depth : depths)
             sum += (survey.*convert)(depth);
     });

@@ -121,13 +121,15 @@ bool las_import::check() {
 bool las_import::write() {
     if (!openWell())
         return false;
-    auto logs = std::make_unique<logRecords::maker>(m_db, m_result.well.wellId);
+    auto logs =
+        std::make_unique<logRecords::maker>(m_db, m_result.well.wellId, m_result.wellCreated);
     if (!logs->isOK() || !sortExisting(*logs))
         return false;
     if (m_options.onExisting == NORLEX_onExisting::replace && m_result.existing > 0) {
         if (!removeExisting())
             return false;
-        logs = std::make_unique<logRecords::maker>(m_db, m_result.well.wellId);
+        logs =
+            std::make_unique<logRecords::maker>(m_db, m_result.well.wellId, m_result.wellCreated);
     }
     if (!writeLogs(*logs))
         return false;
@@ -191,7 +193,7 @@ bool las_import::removeExisting() {
 
 // A curve's points go as soon as they are written: they are most of the memory of a large file.
 bool las_import::writeLogs(logRecords::maker& logs) {
-    const auto common = lasImportLogs::commonAttributes(m_file);
+    const std::int64_t before = lasImportLogs::largestLogKey(m_db);
     lasImportSamples::sample_writer writer(m_depths,
                                            m_notes.nullsAreNoSamples && m_depths.rows.empty());
     progress steps(m_path, m_targets.size());
@@ -203,7 +205,7 @@ bool las_import::writeLogs(logRecords::maker& logs) {
             const auto& missing = m_notes.curves[i].missing;
             if (!logs.create({m_targets[i].description,
                               curve.getComment(),
-                              lasImportLogs::attributesOf(curve, common),
+                              lasImportLogs::ownAttributes(curve),
                               [&](std::FILE* file) { return writer.write(file, curve, missing); }}))
                 return false;
             ++m_result.created;
@@ -211,7 +213,7 @@ bool las_import::writeLogs(logRecords::maker& logs) {
         curve = NORLEX_lasCurve(curve.getName(), 0);
         steps.advance(i + 1);
     }
-    return true;
+    return lasImportLogs::addCommonAttributes(m_db, m_result.well.wellId, before, m_file);
 }
 
 } // namespace
@@ -222,10 +224,12 @@ NORLEX_lasImport::NORLEX_lasImport(odbc_database* db, NORLEX_lasImportOptions op
 NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path) {
     NORLEX_lasImportResult result;
     refuse({}); // so that the line found afterwards is of this file
-    if (m_db == nullptr)
+    if (m_db == nullptr) {
         refuse(L"cannot import " + path + L": no database is open");
-    else
+    } else {
         result.ok = las_import(*m_db, m_options, path, result).run();
+        shrinkMemory();
+    }
     if (result.ok)
         return result;
     result.created = 0;
@@ -233,4 +237,12 @@ NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path) {
     if (result.error.empty())
         result.error = L"cannot import " + path + L": " + (m_db ? m_db->last_error() : L"");
     return result;
+}
+
+// The engine keeps every page that it has written, up to the size that the container sets. An
+// import of thousands of files would grow by as much as it stores, and reads none of it again.
+void NORLEX_lasImport::shrinkMemory() {
+    constexpr unsigned filesBetween = 100;
+    if (++m_files % filesBetween == 0 && !m_db->is_server() && !m_db->in_transaction())
+        static_cast<void>(m_db->exec(L"PRAGMA shrink_memory")); // without it, more memory is used
 }

@@ -1,12 +1,16 @@
 #include "exchange/las_import_logs.h"
 
 #include "exchange/las_import_well.h"
+#include "odbc_database.h"
 #include "platform/numbers.h"
 #include "platform/sql_text.h"
 #include "platform/strconv.h"
 #include "wells/header_attributes.h"
+#include "wells/query.h"
 
 #include <set>
+
+using namespace sqlText;
 
 namespace lasImportLogs {
 
@@ -34,17 +38,27 @@ std::wstring nullText(const NORLEX_lasfileExt& file) {
     return {digits.begin(), digits.end()};
 }
 
+metadata::pairs commonAttributes(const NORLEX_lasfileExt& file) {
+    metadata::pairs out;
+    out.emplace_back(headerAttributes::nullValue, nullText(file));
+    out.emplace_back(headerAttributes::depthUnit, depthUnit(file));
+    for (const auto& entry : file.getWellInf())
+        headerAttributes::add(out, headerAttributes::block::well, entry);
+    for (const auto& entry : file.getMeta())
+        headerAttributes::add(out, headerAttributes::block::param, entry);
+    return out;
+}
+
 } // namespace
 
 std::vector<target>
 targets(const NORLEX_lasfileExt& file, const std::wstring& group, const exactNotes::notes& notes) {
-    const std::wstring plainGroup = sqlText::plainName(group);
+    const std::wstring plainGroup = plainName(group);
     std::set<std::wstring> used;
     std::vector<target> out;
     for (std::size_t i = 0; i < file.getNumCurves(); ++i) {
         const std::wstring& noted = notes.curves[i].name;
-        std::wstring name =
-            sqlText::plainName(noted.empty() ? file.getCurveByIndex(i)->getName() : noted);
+        std::wstring name = plainName(noted.empty() ? file.getCurveByIndex(i)->getName() : noted);
         if (numbers::trimmed(name).empty())
             name = L"CURVE_" + std::to_wstring(i + 1);
         out.push_back({
@@ -59,25 +73,44 @@ double metresInDepth(const NORLEX_lasfileExt& file) {
     return lasImportWell::metresIn(depthUnit(file)).value_or(1.0);
 }
 
-metadata::pairs commonAttributes(const NORLEX_lasfileExt& file) {
+metadata::pairs ownAttributes(const NORLEX_lasCurve& curve) {
     metadata::pairs out;
-    out.emplace_back(headerAttributes::nullValue, nullText(file));
-    out.emplace_back(headerAttributes::depthUnit, depthUnit(file));
-    for (const auto& entry : file.getWellInf())
-        headerAttributes::add(out, headerAttributes::block::well, entry);
-    for (const auto& entry : file.getMeta())
-        headerAttributes::add(out, headerAttributes::block::param, entry);
-    return out;
-}
-
-metadata::pairs attributesOf(const NORLEX_lasCurve& curve, const metadata::pairs& common) {
-    metadata::pairs out;
-    out.reserve(common.size() + 1 + curve.getCurvesCount());
     out.emplace_back(headerAttributes::units, curve.getUnits());
-    out.insert(out.end(), common.begin(), common.end());
     for (std::size_t i = 0; i < curve.getCurvesCount(); ++i)
         headerAttributes::add(out, headerAttributes::block::curve, curve.getCurveDescByIndex(i));
     return out;
+}
+
+std::int64_t largestLogKey(odbc_database& db) {
+    return query::counter(&db, L"SELECT max(pr_id) FROM property");
+}
+
+bool addCommonAttributes(odbc_database& db,
+                         std::uint32_t wellId,
+                         std::int64_t before,
+                         const NORLEX_lasfileExt& file) {
+    const std::int64_t first = query::counter(&db,
+                                              sql(L"SELECT min(pr_id) FROM property WHERE pr_id > ",
+                                                  key(before),
+                                                  L" AND w_id = ",
+                                                  key(wellId)));
+    if (first == 0)
+        return true; // every log was there already
+    const std::int64_t ownRows = query::counter(&db, L"SELECT max(m_id) FROM meta");
+    return metadata::add(db, metadata::ofProperty, first, commonAttributes(file))
+           && db.exec(
+               sql(L"INSERT INTO meta (m_group, obj_id, key, value) SELECT m_group, pr_id, key, "
+                   L"value FROM property, meta WHERE w_id = ",
+                   key(wellId),
+                   L" AND pr_id > ",
+                   key(first),
+                   L" AND m_id > ",
+                   key(ownRows),
+                   L" AND m_group = ",
+                   quoted(metadata::ofProperty),
+                   L" AND obj_id = ",
+                   key(first),
+                   L" ORDER BY pr_id, m_id"));
 }
 
 } // namespace lasImportLogs

@@ -6,8 +6,11 @@
 #include "exchange/exact_notes.h"
 #include "store/metadata.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
+
+class odbc_database;
 
 namespace lasImportLogs {
 
@@ -28,9 +31,17 @@ targets(const NORLEX_lasfileExt& file, const std::wstring& group, const exactNot
 // no length.
 [[nodiscard]] double metresInDepth(const NORLEX_lasfileExt& file);
 
-// What is the same for all logs: the null value, the depth unit, the ~W and the ~P block.
-[[nodiscard]] metadata::pairs commonAttributes(const NORLEX_lasfileExt& file);
-[[nodiscard]] metadata::pairs attributesOf(const NORLEX_lasCurve& curve,
-                                           const metadata::pairs& common);
+// What only one log has: its unit and its entry of the ~C block.
+[[nodiscard]] metadata::pairs ownAttributes(const NORLEX_lasCurve& curve);
+
+// Gives logs of a well that were just created what is the same for all of them: the null value, the
+// depth unit, the ~W and the ~P block. A header is spelled into a statement once and copied from
+// row to row, however many curves a file has. The logs are those made since `before` was the
+// largest key of the table; the transaction keeps others out.
+[[nodiscard]] bool addCommonAttributes(odbc_database& db,
+                                       std::uint32_t wellId,
+                                       std::int64_t before,
+                                       const NORLEX_lasfileExt& file);
+[[nodiscard]] std::int64_t largestLogKey(odbc_database& db);
 
 } // namespace lasImportLogs

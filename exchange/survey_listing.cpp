@@ -4,6 +4,7 @@
 #include "platform/numbers.h"
 #include "platform/textio.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -17,18 +18,23 @@ namespace {
 
 using fields = std::array<std::string_view, 3>;
 
-// The first three fields of a line; nothing when it has fewer.
-std::optional<fields> split(std::string_view line) {
+// The first three fields of a line, empty ones among them or not; nothing when it has fewer.
+std::optional<fields> split(std::string_view line, bool takeEmpty) {
     fields found;
-    for (std::size_t i = 0; i < found.size(); ++i) {
-        const std::size_t blank = line.find(' ');
-        if (blank == std::string_view::npos && i + 1 < found.size())
-            return std::nullopt;
+    for (std::size_t i = 0; i < found.size();) {
+        const std::size_t blank = std::min(line.find(' '), line.size());
         found[i] = line.substr(0, blank);
-        if (blank != std::string_view::npos)
-            line.remove_prefix(blank + 1);
+        i += takeEmpty || !found[i].empty() ? 1U : 0U;
+        if (blank == line.size())
+            return i == found.size() ? std::optional(found) : std::nullopt;
+        line.remove_prefix(blank + 1);
     }
     return found;
+}
+
+std::optional<fields> split(std::string_view line) {
+    const auto padded = split(line, false);
+    return padded ? padded : split(line, true);
 }
 
 std::optional<double> finite(std::string_view field) {
@@ -70,7 +76,7 @@ bool read(const std::wstring& path, std::vector<inclData>& stations) {
     if (found.size() < 2)
         return refuse(L"survey listing " + path + L", stations found: "
                       + std::to_wstring(found.size())
-                      + L"; at least two lines of depth, angle and azimuth, one blank between "
+                      + L"; at least two lines of depth, angle and azimuth, blanks between "
                         L"them, must follow the second line with a \"=\"");
     stations = std::move(found);
     return true;

@@ -11,9 +11,9 @@
 //
 // The data lie between the second and the third line that holds a "=", or the end of the file.
 // Depth, angle and azimuth are a line's first three fields; what follows them is not looked at.
-// Each single blank ends a field: two blanks in a row, or one at the start of a line, enclose an
-// empty field, which is no number, and a tab ends none. Columns aligned with runs of blanks
-// therefore do not read as columns.
+// Blanks separate fields. Columns are often padded, so a run of blanks counts as one wherever that
+// leaves three fields; where it does not, each blank ends a field, and two in a row enclose an
+// empty one, which is no number. A tab ends none.
 #pragma once
 
 #include "NORLEX_inclinometry.h"

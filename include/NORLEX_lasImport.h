@@ -48,6 +48,9 @@ public:
     [[nodiscard]] NORLEX_lasImportResult importFile(const std::wstring& path);
 
 private:
+    void shrinkMemory();
+
     odbc_database* m_db;
     NORLEX_lasImportOptions m_options;
+    unsigned m_files = 0; // imported so far
 };

@@ -1,7 +1,7 @@
 #include "odbc_database.h"
 
+#include "platform/driver_choice.h"
 #include "platform/last_error.h"
-#include "platform/sql_driver.h"
 #include "platform/strconv.h"
 #include "platform/transaction_files.h"
 

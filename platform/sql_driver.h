@@ -56,6 +56,3 @@ public:
     // Why the last call failed, in one line.
     virtual std::string error() const = 0;
 };
-
-// A driver for the kind of database that the connection string names.
-[[nodiscard]] std::unique_ptr<sql_driver> makeDriver(const std::string& connectionString);

@@ -20,7 +20,6 @@ constexpr std::size_t roomForChunk = 2 * chunkSize;
 
 // Room for a line of the greatest length, its end, and one more chunk.
 constexpr std::size_t bufferSize = textio::maxLine + 2 * roomForChunk;
-constexpr std::size_t longestEnd = 2; // CR LF
 
 std::size_t unitSize(strconv::encodings encoding) {
     switch (encoding) {
@@ -170,8 +169,8 @@ void textio::state::append(std::string_view bytes) {
     markLines(from);
 }
 
-// Reads on, behind what is buffered, which moves to the front. False when there is nothing more
-// or no room for more.
+// Reads on, behind what is buffered, which moves to the front. False when there is nothing more,
+// or no room, for which more than a longest line must be buffered.
 bool textio::state::fill() {
     if (isAtEnd)
         return false;
@@ -201,7 +200,7 @@ bool textio::state::findLine(std::size_t& lineEnd) {
             return isShort(lineEnd);
         }
         scanned = end;
-    } while (end - begin <= maxLine + longestEnd && fill());
+    } while (fill());
     lineEnd = end;
     return end > begin && isShort(lineEnd);
 }

@@ -76,7 +76,8 @@ bool transaction_files::accepts(const std::wstring& path) {
     const std::wstring& root = m_db->get_file_container_path();
     if (!m_db->in_transaction())
         return refuse(L"cannot change " + path + L": files change inside a transaction only");
-    const auto relative = bare(path).lexically_normal().lexically_relative(bare(root).lexically_normal());
+    const auto relative =
+        bare(path).lexically_normal().lexically_relative(bare(root).lexically_normal());
     if (root.empty() || relative.empty() || *relative.begin() == ".." || *relative.begin() == ".")
         return refuse(L"cannot change " + path + L": it is not below the file directory " + root);
     return openJournal();

@@ -43,7 +43,7 @@ std::vector<std::wstring> wellFolders(odbc_database& db) {
     return folders;
 }
 
-// A journal that a killed program left would be played back into the next file of the name.
+// What the failed one left must not be played back into the old file.
 void removeEngineFiles(const std::wstring& path) {
     for (const wchar_t* suffix : {L"-journal", L"-wal", L"-shm"})
         static_cast<void>(files::removeFile(path + suffix));
@@ -67,7 +67,6 @@ bool replacedContainer::setAside() {
     if (!files::move(path, aside))
         return false;
     m_aside = aside;
-    removeEngineFiles(path);
     return true;
 }
 

@@ -25,7 +25,7 @@ step "1. A new well database"
 welldb create "$base"
 
 step "2. What is in a log file, before it is taken: a Cyrillic one, its encoding found out"
-welldb las $input/severnaya-7-cp1251.las --header
+welldb las $input/severnaya-7-cp1251.las
 
 step "3. Five log files go in: metres, feet, wrapped lines, two encodings"
 welldb import las "$base" $input --object Demo
@@ -46,8 +46,8 @@ welldb depth "$base" --well PR-2D --abs -1300
 
 step "8. Two logs go out again"
 welldb export las "$base" --well PR-2D --prop GR --prop RT --exact -o "$folder/pr-2d-out.las"
-sed -n '1,/~A/p' "$folder/pr-2d-out.las" | head -n 40
-sed '1,/~A/d' "$folder/pr-2d-out.las" | sed -n '1,3p'
+printf '%s$ head -n 25 %s%s\n' "$dim" "$folder/pr-2d-out.las" "$plain"
+head -n 25 "$folder/pr-2d-out.las"
 
 step "9. The whole database"
 welldb info "$base"
@@ -55,8 +55,8 @@ welldb info "$base"
 cat <<TEXT
 
 ${bold}Everything lies in $folder/${plain}
-  $base             the database: one SQLite file
-  $base.files or beside it  the samples of the logs, a folder for each well
-  $folder/pr-2d-out.las              the exported logs
-The program is $program; welldb --help tells what else it does.
+  $base        the database, one SQLite file
+  ${base%.well2}/             the samples of the logs, a folder for each well
+  $folder/pr-2d-out.las           the exported logs
+The program is ${program#"$PWD/"}; welldb --help tells what else it does.
 TEXT

@@ -46,7 +46,10 @@ bool NORLEX_well::create(odbc_database* db, const NORLEX_wellDescription& given)
             audit::created(*db),
             L")")))
         return false;
-    well.wellId = wellRecords::find(*db, well);
+    // By the largest key, not by the names: the table has no index on them. The transaction holds
+    // the write lock, so the largest key is the one just given.
+    well.wellId =
+        static_cast<std::uint32_t>(query::counter(db, L"SELECT max(w_id) FROM well_base"));
     if (well.wellId == 0 || !wellRecords::touchContainer(*db))
         return false;
     journal::add(*db, eventKind::well, eventAction::create, names::shown(well));

@@ -20,7 +20,7 @@ using namespace sqlText;
 
 namespace logRecords {
 
-maker::maker(odbc_database& db, std::uint32_t wellId) : m_db(db) {
+maker::maker(odbc_database& db, std::uint32_t wellId, bool isNewWell) : m_db(db) {
     const auto well = wellRecords::read(db, wellId);
     if (!well)
         return;
@@ -33,13 +33,15 @@ maker::maker(odbc_database& db, std::uint32_t wellId) : m_db(db) {
     }
     m_templateId = logs.getID();
     m_fields = logs.getFieldList();
+    m_ok = true;
+    if (isNewWell)
+        return;
     const auto rows = db.query(sql(L"SELECT p_group, name FROM property WHERE w_id = ",
                                    key(wellId),
                                    L" ORDER BY p_group, name"));
     while (rows && rows->next())
         m_taken.emplace_back(rows->get_text(1), rows->get_text(0));
     std::sort(m_taken.begin(), m_taken.end());
-    m_ok = true;
 }
 
 bool maker::isOK() const {
@@ -71,8 +73,9 @@ bool maker::create(const newLog& log) {
     if (id == 0 || !m_db.files().write(samplePathOf(m_wellPath, prop), log.writeSamples)
         || (!log.attributes.empty()
             && !metadata::add(m_db, metadata::ofProperty, id, log.attributes))
-        || !wellRecords::touch(m_db, m_well.wellId))
+        || (!m_isStamped && !wellRecords::touch(m_db, m_well.wellId)))
         return false;
+    m_isStamped = true;
     m_taken.insert(place, prop);
     journal::add(m_db,
                  eventKind::property,

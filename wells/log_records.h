@@ -30,7 +30,9 @@ struct newLog {
 // write lock is what keeps the names free and the key read back this program's own.
 class maker {
 public:
-    maker(odbc_database& db, std::uint32_t wellId);
+    // A well that was created in this transaction has no names to be read (`isNewWell`): the
+    // table has no index by well, so reading them takes longer the more the container holds.
+    maker(odbc_database& db, std::uint32_t wellId, bool isNewWell = false);
 
     [[nodiscard]] bool isOK() const; // the well and the log template were found
     [[nodiscard]] bool isTaken(const NORLEX_propDescription& prop) const;
@@ -45,6 +47,7 @@ private:
     std::uint32_t m_templateId = 0;
     std::vector<NORLEX_fieldDescr> m_fields; // of the template
     bool m_ok = false;
+    bool m_isStamped = false;                    // the well, by the first log
     std::vector<NORLEX_propDescription> m_taken; // sorted
 };
 

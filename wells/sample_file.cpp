@@ -29,7 +29,8 @@ constexpr std::uint32_t headerSize = 100;
 using headerBytes = std::array<char, headerSize>;
 
 // Large enough that the cost of a call does not count, small enough to stay in the cache.
-constexpr std::size_t blockSamples = 16384;
+constexpr std::size_t writeBlock = 32768; // samples
+constexpr std::size_t readBlock = 8192;
 
 template <typename T>
 void put(headerBytes& bytes, std::size_t offset, T value) {
@@ -48,15 +49,19 @@ T get(const headerBytes& bytes, std::size_t offset) {
 struct extremes {
     double smallest = NORLEX_missingValue;
     double largest = -NORLEX_missingValue;
-    bool allFinite = true;
 
-    void take(double value) {
-        if (!std::isfinite(value))
-            allFinite = false;
-        else if (value != NORLEX_missingValue) {
-            smallest = std::min(smallest, value);
-            largest = std::max(largest, value);
+    // Whether all values were finite; the others are left out.
+    bool take(std::span<const NORLEX_logSample> samples) {
+        bool allFinite = true;
+        for (const auto& sample : samples) {
+            if (!std::isfinite(sample.value))
+                allFinite = false;
+            else if (sample.value != NORLEX_missingValue) {
+                smallest = std::min(smallest, sample.value);
+                largest = std::max(largest, sample.value);
+            }
         }
+        return allFinite;
     }
     // Finite even where the difference is not: of samples that are all missing it is the negative
     // largest double.
@@ -81,22 +86,31 @@ bool writeHeader(std::FILE* file, const extremes& range, std::size_t count) {
     return files::put(file, {bytes.data(), bytes.size()});
 }
 
-// Writes `count` samples as `sampleAt` makes them, block by block.
-template <typename SampleAt>
-bool writeBlocks(std::FILE* file, std::size_t count, SampleAt sampleAt) {
-    std::vector<NORLEX_logSample> block(std::min(count, blockSamples));
-    for (std::size_t done = 0; done < count;) {
-        const std::size_t size = std::min(blockSamples, count - done);
-        for (std::size_t i = 0; i < size; ++i) {
-            block[i] = sampleAt(done + i);
-            if (!std::isfinite(block[i].value))
-                block[i].value = NORLEX_missingValue;
+bool seek(std::FILE* file, std::uint64_t offset) {
+    return fseeko(file, static_cast<off_t>(offset), SEEK_SET) == 0;
+}
+
+// Writes `count` samples, which `blockAt` hands out from an index on. The range is gathered while
+// each block is in the cache, so the header is written once for its place and again with it.
+template <typename BlockAt>
+bool writeFile(std::FILE* file, std::size_t count, BlockAt blockAt) {
+    extremes range;
+    if (!writeHeader(file, range, count))
+        return false;
+    std::vector<NORLEX_logSample> mended;
+    for (std::size_t done = 0; done < count; done += writeBlock) {
+        std::span<const NORLEX_logSample> block = blockAt(done, std::min(writeBlock, count - done));
+        if (!range.take(block)) {
+            mended.assign(block.begin(), block.end());
+            for (auto& sample : mended)
+                if (!std::isfinite(sample.value))
+                    sample.value = NORLEX_missingValue;
+            block = mended;
         }
-        if (std::fwrite(block.data(), sizeof(NORLEX_logSample), size, file) != size)
+        if (std::fwrite(block.data(), sizeof(NORLEX_logSample), block.size(), file) != block.size())
             return false;
-        done += size;
     }
-    return true;
+    return seek(file, 0) && writeHeader(file, range, count) && fseeko(file, 0, SEEK_END) == 0;
 }
 
 bool damaged(const std::wstring& path, const std::wstring& why) {
@@ -130,12 +144,21 @@ bool parseHeader(std::FILE* file, const std::wstring& path, header& out) {
                           + std::to_wstring(needed) + L" bytes, it has " + std::to_wstring(size));
 }
 
-bool seek(std::FILE* file, std::uint64_t offset) {
-    return fseeko(file, static_cast<off_t>(offset), SEEK_SET) == 0;
-}
-
 bool readSamples(std::FILE* file, NORLEX_logSample* samples, std::size_t count) {
     return std::fread(samples, sizeof(NORLEX_logSample), count, file) == count;
+}
+
+// Appended block by block: filling the vector with empty samples first would cost as much as
+// reading them.
+bool appendSamples(std::FILE* file, std::size_t count, std::vector<NORLEX_logSample>& samples) {
+    std::vector<NORLEX_logSample> block(std::min(count, readBlock));
+    for (std::size_t left = count; left > 0; left -= block.size()) {
+        block.resize(std::min(left, readBlock));
+        if (!readSamples(file, block.data(), block.size()))
+            return false;
+        samples.insert(samples.end(), block.begin(), block.end());
+    }
+    return true;
 }
 
 } // namespace
@@ -148,16 +171,18 @@ bool readHeader(const std::wstring& path, header& out) {
 bool read(const std::wstring& path, std::vector<NORLEX_logSample>& samples) {
     samples.clear();
     const auto file = files::openRead(path);
+    if (file)
+        std::setvbuf(file.get(), nullptr, _IONBF, 0); // the blocks need no other buffer
     header head;
     if (!file || !parseHeader(file.get(), path, head))
         return false;
     try {
-        samples.resize(head.count);
+        samples.reserve(head.count);
     } catch (const std::bad_alloc&) {
         return damaged(path,
                        L"its " + std::to_wstring(head.count) + L" samples do not fit in memory");
     }
-    return readSamples(file.get(), samples.data(), samples.size())
+    return appendSamples(file.get(), head.count, samples)
            || damaged(path, L"it ends before its last sample");
 }
 
@@ -181,15 +206,9 @@ bool readRange(const std::wstring& path, header& out, NORLEX_depthRange& range) 
 }
 
 bool write(std::FILE* file, std::span<const NORLEX_logSample> samples) {
-    extremes range;
-    for (const auto& sample : samples)
-        range.take(sample.value);
-    if (!writeHeader(file, range, samples.size()))
-        return false;
-    if (!range.allFinite)
-        return writeBlocks(file, samples.size(), [&](std::size_t i) { return samples[i]; });
-    const auto bytes = std::as_bytes(samples);
-    return bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    return writeFile(file, samples.size(), [&](std::size_t from, std::size_t size) {
+        return samples.subspan(from, size);
+    });
 }
 
 bool write(std::FILE* file,
@@ -201,13 +220,12 @@ bool write(std::FILE* file,
                       + std::to_wstring(depths.size()) + L" measured and "
                       + std::to_wstring(depthsAbs.size())
                       + L" absolute depths; equal numbers are expected");
-    extremes range;
-    for (const double value : values)
-        range.take(value);
-    return writeHeader(file, range, values.size())
-           && writeBlocks(file, values.size(), [&](std::size_t i) {
-                  return NORLEX_logSample{depths[i], depthsAbs[i], values[i]};
-              });
+    std::vector<NORLEX_logSample> block(std::min(values.size(), writeBlock));
+    return writeFile(file, values.size(), [&](std::size_t from, std::size_t size) {
+        for (std::size_t i = 0; i < size; ++i)
+            block[i] = {depths[from + i], depthsAbs[from + i], values[from + i]};
+        return std::span<const NORLEX_logSample>(block.data(), size);
+    });
 }
 
 } // namespace sampleFile

@@ -32,7 +32,8 @@ struct header {
 [[nodiscard]] bool read(const std::wstring& path, std::vector<NORLEX_logSample>& samples);
 [[nodiscard]] bool readRange(const std::wstring& path, header& out, NORLEX_depthRange& range);
 
-// For transaction_files::write.
+// For transaction_files::write: `file` is new and empty. A value that is not finite is written as
+// missing.
 [[nodiscard]] bool write(std::FILE* file, std::span<const NORLEX_logSample> samples);
 
 // The same file from columns, without gathering the samples first: depths shared by many logs.

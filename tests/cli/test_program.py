@@ -7,11 +7,17 @@ import json
 import math
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
 import unicodedata
 import unittest
+
+try:
+    import pty
+except ImportError:
+    pty = None
 
 PROGRAM = os.path.abspath(sys.argv[1]) if len(sys.argv) > 1 else "welldb"
 
@@ -237,6 +243,30 @@ class LasTest(ProgramTest):
         self.assertTrue(all(refused.values()))
         self.assertEqual([w["name"] for w in self.json("wells", self.file)], ["A", "B", "C"])
 
+    @unittest.skipIf(pty is None, "no terminals here")
+    def test_an_interrupt_keeps_what_was_done(self):
+        self.create()
+        for number in range(600):
+            self.las(f"logs/{number}.las", well=f"W{number}")
+        terminal, end = pty.openpty()
+        process = subprocess.Popen([PROGRAM, "import", "las", str(self.file),
+                                    str(self.folder / "logs"), "--json"],
+                                   stdout=subprocess.PIPE, stderr=end)
+        os.close(end)
+        shown = os.read(terminal, 4096)  # the bar: the work is under way
+        process.send_signal(signal.SIGINT)
+        out = json.loads(process.communicate(timeout=120)[0])
+        shown += os.read(terminal, 4096)
+        os.close(terminal)
+        self.assertEqual(process.returncode, 1)
+        self.assertIn(b"/600] ", shown)
+        self.assertIn(b"welldb: stopped", shown)
+        done = [f["well"] for f in out["files"] if f["ok"]]
+        self.assertTrue(0 < len(done) <= len(out["files"]) < 600, len(done))
+        wells = self.json("wells", self.file)
+        self.assertEqual({f"/{w['field']}/{w['name']}" for w in wells}, set(done))
+        self.assertEqual({w["properties"] for w in wells}, {2})
+
     def test_import_options(self):
         self.withLog()
         path = self.las()
@@ -254,6 +284,9 @@ class LasTest(ProgramTest):
         self.assertEqual([p["group"] for p in self.json("props", self.file, "--well", "O/F/12")],
                          ["G", "G"])
         self.refused(*again, "--on-existing", "ask", code=2, says=["ask", "skip"])
+        self.las("[a,b]/c.las", well="C")
+        result = run("import", "las", self.file, "[a,b]", "--dry-run", "--json", cwd=self.folder)
+        self.assertEqual(json.loads(result.stdout)["files"][0]["path"], "[a,b]/c.las")
 
     def test_export_and_import_again(self):
         self.withLog()
@@ -317,9 +350,12 @@ class WellTest(ProgramTest):
             ("/f/[list]", ("", "f", "[list]")),
             ("/f/O'Brien", ("", "f", "OBrien")),  # apostrophes are dropped
         ]
-        for reference, _ in cases:
-            self.done("well", "add", self.file, "--well", reference)
+        for reference, triple in cases:
+            told = self.done("well", "add", self.file, "--well", reference)
             self.assertEqual(self.json("props", self.file, "--well", reference), [], reference)
+            spelled = told.removeprefix("added the well ").removesuffix("\n")
+            if "\t" not in triple[2]:  # control characters are written out for people
+                self.assertEqual(self.json("props", self.file, "--well", spelled), [], reference)
         stored = {(w["object"], w["field"], w["name"]) for w in self.json("wells", self.file)}
         self.assertEqual(stored, {triple for _, triple in cases})
         for reference, triple in cases:
@@ -330,11 +366,13 @@ class WellTest(ProgramTest):
         self.create()
         self.done("well", "add", self.file, "--well", "A/F/twin")
         self.done("well", "add", self.file, "--well", "B/F/twin")
-        before = self.json("wells", self.file)
         self.refused("props", self.file, "--well", "twin", says=["A/F/twin", "B/F/twin"])
         self.refused("props", self.file, "--well", "triplet", says=["triplet", "A/F/twin"])
         self.refused("props", self.file, "--well", "A/G/twin", says=["A/G/twin"])
+        self.done("well", "add", self.file, "--well", "solo")
+        self.refused("props", self.file, "--well", "solo/F/no", says=["solo/F/no"])
         self.refused("props", self.file, "--well", "F/twin", says=[r"\/", "OBJECT/FIELD/NAME"])
+        before = self.json("wells", self.file)
         for reference in ("", "A/F/", "'", "x" * 10000, "a/b/c/d", os.fsdecode(b"bad\xff")):
             self.refused("well", "add", self.file, "--well", reference, where=reference[:20])
         self.assertEqual(self.json("wells", self.file), before)

@@ -1,7 +1,9 @@
 #include "exchange/survey_listing.h"
 
 #include "NORLEX_lastError.h"
+#include "NORLEX_well.h"
 #include "platform/strconv.h"
+#include "tests/support/container_fixture.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -76,8 +78,9 @@ TEST(SurveyListingTest, takesThreeFieldsOfALine) {
         {"a unit at the depth",         "10m 3 4",        ""             },
         {"no finite depth",             "inf 3 4",        ""             },
         {"no finite angle",             "10 nan 4",       "10 6 4;"      },
-        {"a blank at the start",        " 10 3 4",        ""             }, // depth is empty
-        {"two blanks in a row",         "10  3 4",        "10 6 3;"      }, // angle is empty
+        {"padded columns",              "   10   3   4 ", "10 3 4;"      },
+        {"a column left blank",         "10  4",          "10 6 4;"      }, // angle is empty
+        {"two fields, the first blank", " 3 4",           ""             }, // depth is empty
         {"a blank at the end",          "10 3 ",          "10 3 7;"      }, // azimuth is empty
         {"tabs",                        "10\t3\t4",       ""             }, // one field
         {"tabs beside blanks",          "10\t \t3 4\t",   "10 3 4;"      },
@@ -111,4 +114,20 @@ TEST(SurveyListingTest, refusesALineThatIsNoLineOfText) {
     const auto path = folder.write(L"a.lst", listing("0 1 2\n5 6 7\n" + std::string(3 << 20, '1')));
     EXPECT_EQ(readBack(path), "refused");
     EXPECT_NE(NORLEX_lastError().find(L"line 7"), std::wstring::npos);
+}
+
+using WellSurveyTest = ContainerTest;
+
+TEST_F(WellSurveyTest, storesTheListingOrChangesNothing) {
+    const NORLEX_wellDescription description{L"", L"", L"1", 0};
+    ASSERT_TRUE(NORLEX_well::create(db(), description)) << lastError();
+    NORLEX_well well(db(), description);
+    const auto path = folder.write(L"a.lst", listing("0 60 0\n100.004 10 20\n"));
+    ASSERT_TRUE(well.loadInclFromLST(path, false)) << lastError();
+    EXPECT_NEAR(well.getIncl()->getAbs(100), -50.0, 1e-9); // 100 cos 60
+    EXPECT_EQ(cell(L"SELECT count(*) FROM inclinometry WHERE depth = 100"), L"1");
+
+    EXPECT_FALSE(well.loadInclFromLST(folder.write(L"b.lst", listing("0 0 0\n")), false));
+    EXPECT_NEAR(well.getIncl()->getAbs(100), -50.0, 1e-9);
+    EXPECT_EQ(cell(L"SELECT count(*) FROM inclinometry"), L"2");
 }

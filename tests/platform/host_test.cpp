@@ -62,8 +62,8 @@ TEST(Progress, reportsEachHundredthAndTheEnd) {
         {"small steps",                      10000, 1,    100, 10000 },
         {"steps greater than a hundredth",   1000,  300,  4,   1200  },
         {"fewer units than reports",         5,     1,    5,   5     },
-        {"a rest behind the last hundredth", 1050,  1,    105, 1050  }, // a report each 10 units
-        {"unknown total",                    0,     1000, 3,   198000}, // at 66000, 132000 and 198000 of 200000
+        {"a rest behind the last hundredth", 1055,  1,    106, 1055  }, // each 10
+        {"unknown total",                    0,     1000, 3,   198000}, // each 65536
     };
     for (const auto& c : cases) {
         const auto sink = std::make_shared<recorder>();

@@ -119,12 +119,12 @@ TEST_F(TableReader, refusesABrokenQuoteAndNamesTheLine) {
         std::string bytes;
         const wchar_t* said;
     } cases[] = {
-        {"text behind the closing quote",                 "\"North\" field;1\n",            L"line 4 "},
-        {"quotes not doubled",                            "\"Well \"North\"\";1\n",         L"line 4 "},
-        {"quote in an unquoted cell beside a quoted one", "\"a\";5\" pipe\n",               L"line 4 "},
-        {"not closed at the end of the file",             "\n\"a;b\nc;d\n",                 L"line 5 "},
-        {"not closed for long",                           "\"" + half + "\n" + half + "\n", L"line 4 "},
-        {"line too long",                                 half + half,                      L"line 4 "},
+        {"text behind the closing quote",                 "\"North\" field;1\n",              L"line 4 "},
+        {"quotes not doubled",                            "\"Well \"North\"\";1\n",           L"line 4 "},
+        {"quote in an unquoted cell beside a quoted one", "\"a\";5\" pipe\n",                 L"line 4 "},
+        {"not closed at the end of the file",             "\n\"a;b\nc;d\n",                   L"line 5 "},
+        {"closed too late",                               "\"" + half + "\n" + half + "\"\n", L"line 4 "},
+        {"line too long",                                 half + half,                        L"line 4 "},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(read(good + c.bytes + "p;q\n", {utf8, ';'}).size(), 2U) << c.where;

@@ -171,9 +171,11 @@ TEST_F(CreateTest, replacedContainerTakesItsSamplesWithIt) {
 TEST_F(CreateTest, foreignFolderStaysWhole) {
     disk::write(folder / L"a.well2", "some text");
     ASSERT_TRUE(files::makeFolder(folder / L"a/O/F/W"));
+    ASSERT_TRUE(files::makeFolder(folder / L"a/.pending/1"));
     disk::write(folder / L"a/O/F/W/x.wpdb", "samples of something else");
     ASSERT_TRUE(NORLEX_wellContainer::create(at(L"a.well2")));
     EXPECT_TRUE(files::isFile(folder / L"a/O/F/W/x.wpdb"));
+    EXPECT_TRUE(files::isFolder(folder / L"a/.pending/1"));
 }
 
 TEST_F(CreateTest, containerInUseStaysAsItWas) {

@@ -1,4 +1,4 @@
-#include "platform/sql_driver.h"
+#include "platform/driver_choice.h"
 
 #include "platform/sqlite_driver.h"
 

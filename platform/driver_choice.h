@@ -1,0 +1,8 @@
+// Which engine a connection string names.
+#pragma once
+
+#include "platform/sql_driver.h"
+
+// A driver for the kind of database that the connection string names; null for a kind that there
+// is none for.
+[[nodiscard]] std::unique_ptr<sql_driver> makeDriver(const std::string& connectionString);
