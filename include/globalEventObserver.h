@@ -51,9 +51,8 @@ public:
                             const std::wstring& path,
                             const NORLEX_wellDescription& well,
                             const NORLEX_propDescription& prop);
-    void updateDataAll(unsigned int scope,
-                       const std::wstring& path,
-                       const NORLEX_propDescription& prop);
+    void
+    updateDataAll(unsigned int scope, const std::wstring& path, const NORLEX_propDescription& prop);
     void updateDataAll(const std::wstring& path, const NORLEX_propDescription& prop);
 
     void updateWellMeta(const std::wstring& path,
@@ -75,9 +74,8 @@ public:
 
     void createZone(const std::wstring& path, const std::wstring& name);
     void updateZone(const std::wstring& path, const std::wstring& name);
-    void renameZone(const std::wstring& path,
-                    const std::wstring& oldName,
-                    const std::wstring& newName);
+    void
+    renameZone(const std::wstring& path, const std::wstring& oldName, const std::wstring& newName);
     void deleteZone(const std::wstring& path, const std::wstring& name);
 
     void createCorrBorder(const std::wstring& path, const std::wstring& name);

@@ -3,7 +3,7 @@
 // ".pending/<id>.changes" below the file directory holds a line an operation, written before the
 // operation is done, fields with a tab between them, paths relative to the file directory:
 //   C path       a file is created            undone by removing it
-//   R n path     moved aside to <id>/n.old    undone by moving it back
+//   R path kept  moved aside to kept         undone by moving it back
 //   M from to    moved                        undone by moving it back
 //   D path       a folder is made             undone by removing it while it is empty
 // Its process holds a lock on the file: a journal that can be locked belongs to a dead one.

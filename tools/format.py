@@ -4,6 +4,7 @@
 Answers 77 when clang-format is not installed.
 """
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -28,11 +29,9 @@ sources = sorted(
 if "--check" not in sys.argv:
     sys.exit(subprocess.run([program, "-i", "--style=file", *sources], check=False).returncode)
 
-wrong = [
-    source for source in sources
-    if subprocess.run([program, "--style=file", "--dry-run", "-Werror", source],
-                      stderr=subprocess.DEVNULL, check=False).returncode
-]
+checked = subprocess.run([program, "--style=file", "--dry-run", "-Werror", *sources],
+                         capture_output=True, text=True, check=False)
+wrong = sorted({m[1] for m in re.finditer(r"^(.+?):\d+:\d+: error:", checked.stderr, re.M)})
 print("\n".join(f"{source}: ./run format would change it" for source in wrong)
-      or f"{len(sources)} sources are formatted")
-sys.exit(bool(wrong))
+      or checked.stderr or f"{len(sources)} sources are formatted")
+sys.exit(bool(checked.returncode))

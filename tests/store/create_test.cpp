@@ -9,14 +9,23 @@
 #include <sys/resource.h>
 
 #include <csignal>
-#include <regex>
+
+namespace {
+
+// Every one of the given letters as an x.
+std::wstring shape(std::wstring text, const std::wstring& letters) {
+    for (wchar_t& c : text)
+        c = letters.find(c) == std::wstring::npos ? c : L'x';
+    return text;
+}
+
+} // namespace
 
 TEST_F(ContainerTest, newContainerIsFilled) {
     EXPECT_EQ(cell(L"SELECT count(*) FROM base_version WHERE id = 1 AND version = 36"), L"1");
-    EXPECT_TRUE(std::regex_match(ts::strconv::toUtf8(container->getUUID()),
-                                 std::regex("[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}")));
-    EXPECT_TRUE(std::regex_match(ts::strconv::toUtf8(container->getCreateDate()),
-                                 std::regex(R"(20\d\d-\d\d-\d\d \d\d:\d\d:\d\d)")));
+    EXPECT_EQ(shape(container->getUUID(), L"0123456789abcdef"),
+              L"xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx");
+    EXPECT_EQ(shape(container->getCreateDate(), L"0123456789"), L"xxxx-xx-xx xx:xx:xx");
     EXPECT_EQ(container->getCreateDate(), container->getUpdateDate());
     EXPECT_EQ(container->getCreateUser(), db()->get_user());
     EXPECT_EQ(container->getUpdateUser(), db()->get_user());

@@ -42,8 +42,9 @@ def expect(text, pattern):
 
 
 shutil.rmtree(work, ignore_errors=True)
+os.environ.pop("WELLDB_DATA", None)
 run(cmake, "--install", build, "--prefix", work / "staged")
-prefix = work / "moved" # nothing in the package may remember where it was installed first
+prefix = work / "moved"  # nothing in the package may remember where it was installed first
 (work / "staged").rename(work / "moved")
 for shipped in ("include/welldb/NORLEX_wellContainer.h", "share/welldb/planshet"):
     if not (prefix / shipped).exists():
@@ -64,5 +65,11 @@ for language in ("cpp", "sh"):
     shutil.copytree(source / "data/demo", work / language / "data/demo")
 expect(run(consumer / "build/consumer", cwd=work / "cpp"), r"6 logs.*-\d+\.\d\d m")
 
+# A mark in the installed plot template comes back in a container: the shipped data are the
+# installed ones, not those of the source tree.
+template = prefix / "share/welldb/planshet/standard_log.pt"
+template.write_text(template.read_text(encoding="utf-8") + "<!-- installed -->\n", encoding="utf-8")
+
 path = {**os.environ, "PATH": f"{prefix / 'bin'}{os.pathsep}{os.environ['PATH']}"}
 expect(run("bash", "-ec", example("sh"), cwd=work / "sh", env=path), r"Curve Information")
+expect((work / "sh/field/planshet/standard_log.pt").read_text(encoding="utf-8"), "<!-- installed -->")
