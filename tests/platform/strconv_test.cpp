@@ -161,6 +161,16 @@ TEST(Strconv, detectsCyrillicFromAFewWords) {
     }
 }
 
+// In the wrong encoding these are letters of mixed case, which is all that tells it.
+TEST(Strconv, detectsShortWordsByTheirCase) {
+    for (const std::wstring word : {L"Цех", L"Щука", L"Нет"}) {
+        for (const encodings encoding : {windows1251, cp866, koi8r}) {
+            EXPECT_EQ(name(detectEncoding(headerWith(encode(word, encoding)))), name(encoding))
+                << toUtf8(word);
+        }
+    }
+}
+
 TEST(Strconv, detectsTheOtherEncodings) {
     const std::wstring rule(40, L'\u2550');
     const struct {

@@ -116,6 +116,9 @@ TEST_F(ContainerTest, journalThatCannotBeWrittenFailsNothing) {
     EXPECT_FALSE(files::isFolder(folder / L"wells")); // reading makes nothing
     journal::add(*db(), 1, 1, L"a new one");
     EXPECT_EQ(comments(*db()), list{L"a new one"});
+    ASSERT_TRUE(files::removeTree(folder / L"wells")); // while it is open
+    journal::add(*db(), 1, 1, L"another");
+    EXPECT_EQ(comments(*db()), list{L"another"});
 }
 
 // A group "A.wpdb" and a log "A" without a group must not meet.
