@@ -2,9 +2,9 @@
 
 #include "platform/sqlite_driver.h"
 
-// "name=value;" pairs name a server. A path may hold "=" and ";" too: only a text whose part
-// before the first "=" is a plain word and that ends in ";" is taken for pairs.
-static bool namesServer(const std::string& connectionString) {
+// A path may hold "=" and ";" too: only a text whose part before the first "=" is a plain word and
+// that ends in ";" is taken for pairs.
+bool namesServer(const std::string& connectionString) {
     const auto equals = connectionString.find('=');
     if (equals == std::string::npos || equals == 0 || connectionString.back() != ';')
         return false;

@@ -17,6 +17,13 @@ struct level {
     std::size_t firstFile = 0;
 };
 
+// A connection string as a message may show it: a password never.
+std::wstring shown(const std::string& connectionString) {
+    const bool hasPassword = namesServer(connectionString);
+    return ts::strconv::fromUtf8(
+        hasPassword ? connectionString.substr(0, connectionString.find("PWD=")) : connectionString);
+}
+
 } // namespace
 
 struct odbc_database::connection {
@@ -33,7 +40,7 @@ struct odbc_database::connection {
 
     bool fail(std::wstring text) {
         error = std::move(text);
-        return refuse(L"database " + ts::strconv::fromUtf8(connectionString) + L": " + error);
+        return refuse(L"database " + shown(connectionString) + L": " + error);
     }
     bool failDriver() { return fail(ts::strconv::fromUtf8(driver->error())); }
     bool isDoomed() const { return !levels.empty() && levels.back().doomed; }

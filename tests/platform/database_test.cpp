@@ -140,7 +140,9 @@ TEST_F(DatabaseTest, actionsRunOnceAfterTheOutermostCommit) {
 TEST(Database, refusesWhatIsNoDatabase) {
     const temp_folder folder;
     odbc_database db;
-    EXPECT_FALSE(db.connect("Driver=none;Server=here;"));
+    EXPECT_FALSE(db.connect("Driver=none;Server=here;UID=me;PWD=secret;"));
+    EXPECT_NE(NORLEX_lastError().find(L"Server=here"), std::wstring::npos);
+    EXPECT_EQ(NORLEX_lastError().find(L"secret"), std::wstring::npos) << "a password is not shown";
     EXPECT_FALSE(db.connect("/no/such/folder/a.well2"));
     const auto text = folder.write(L"text.well2", std::string(4096, 'x'));
     EXPECT_FALSE(db.connect(files::native(text).native()));
