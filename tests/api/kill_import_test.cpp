@@ -2,6 +2,7 @@
 #include "api_fixture.h"
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <sys/wait.h>
@@ -50,6 +51,7 @@ killImporter(const fs::path& folder, int run, std::size_t before, std::chrono::m
     int ends[2] = {-1, -1};
     if (pipe(ends) != 0)
         return 0;
+    std::fflush(nullptr); // the child would write what is buffered a second time
     const pid_t child = fork();
     if (child == 0)
         becomeImporter(folder, run, ends[1]);

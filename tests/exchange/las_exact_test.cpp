@@ -85,6 +85,7 @@ TEST_F(LasExactTest, comesBackToTheLastBit) {
             {1000.4572, 5e-324                             },
             {1000.61,   1.7e308                            },
             {1000.7624, -std::numeric_limits<double>::max()},
+            {1000.9,    -999.250001                        }, // as good as -999.25 to a reader
     });
     roundTrip("one log");
     // Values that a usual null value would hide.

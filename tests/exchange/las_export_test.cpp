@@ -68,8 +68,8 @@ protected:
 };
 
 // By hand. The longest value of the well block is "ООО Недра", 9 characters. PS begins at 100.05:
-// row 100.0 is above it, row 100.1 is the middle of 10 and 20, the others are beside a missing
-// sample or below the last one.
+// row 100.0 is above it, row 100.1 is the middle of 10 and 20, the others have a missing sample
+// below or above them. Row 100.4 would be below the bottom.
 TEST_F(LasExportTest, writesTheseBytes) {
     auto* const gk = add(L"GK",
                          L"Гамма",
@@ -84,7 +84,8 @@ TEST_F(LasExportTest, writesTheseBytes) {
                          {
                              {100.05, 10.0},
                              {100.15, 20.0},
-                             {100.25, none}
+                             {100.25, none},
+                             {100.35, 5.0 }
     });
     ASSERT_TRUE(gk->setAttribute(L"UNITS", L"мкР/ч"));
     ASSERT_TRUE(ps->setAttribute(L"UNITS", L"mV"));
@@ -108,7 +109,7 @@ TEST_F(LasExportTest, writesTheseBytes) {
                        "WRAP.NO : One Lines per Depth Step\n"
                        "~Well Information Block\n"
                        "STRT.М    100.00 : Начальная глубина\n"
-                       "STOP.М    100.30 : Конечная глубина\n"
+                       "STOP.М    100.35 : Конечная глубина\n"
                        "STEP.М      0.10 : Шаг квантования\n"
                        "NULL.  -99999.0 : Код отсутствия\n"
                        "WELL.     7-бис : Наименование скважины\n"
