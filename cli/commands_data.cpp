@@ -75,9 +75,9 @@ void printProperties(const std::vector<NORLEX_propertyInfo>& properties) {
 }
 
 // Empty for a value or a depth that is missing.
-std::string cellOf(double value, double missingMark) {
-    return value == missingMark || !std::isfinite(value) ? std::string{}
-                                                         : numberText::shortest(value);
+template <typename Spelling>
+std::string cellOf(double value, double missingMark, Spelling spell) {
+    return value == missingMark || !std::isfinite(value) ? std::string{} : spell(value);
 }
 
 struct row {
@@ -85,10 +85,17 @@ struct row {
     std::string depthAbs;
     std::string value;
 
-    explicit row(const NORLEX_logSample& sample)
-        : depth(cellOf(sample.depth, NORLEX_unknownDepth)),
-          depthAbs(cellOf(sample.depthAbs, NORLEX_unknownDepth)),
-          value(cellOf(sample.value, NORLEX_missingValue)) {}
+    // Programs get depths that read back the same, people get four decimals.
+    row(const NORLEX_logSample& sample, resultForm form)
+        : depth(cellOf(sample.depth, NORLEX_unknownDepth, depthSpelling(form))),
+          depthAbs(cellOf(sample.depthAbs, NORLEX_unknownDepth, depthSpelling(form))),
+          value(cellOf(sample.value, NORLEX_missingValue, numberText::shortest)) {}
+
+private:
+    using spelling = std::string (*)(double);
+    static spelling depthSpelling(resultForm form) {
+        return form == resultForm::table ? numberText::brief : numberText::shortest;
+    }
 };
 
 // Rows are written one by one as they are read: a log may hold millions.
@@ -183,7 +190,7 @@ int data(const dataRequest& request) {
         if (output::isEnded())
             break;
         if (isWithin(sample.depth, request))
-            writer.add(row(sample));
+            writer.add(row(sample, request.form));
     }
     writer.end();
     return 0;

@@ -144,7 +144,7 @@ int exportLas(const exportLasRequest& request) {
     NORLEX_setProgressSink(nullptr);
     if (!ok)
         return request.exact ? output::refused() : output::failure;
-    output::line(L"wrote " + std::to_wstring(logs.size()) + L" logs of "
+    output::line(L"wrote " + text::wide(numberText::counted(logs.size(), "log")) + L" of "
                  + names::spelled(well.getDescription()) + L" to " + request.out);
     return 0;
 }

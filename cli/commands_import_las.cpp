@@ -1,7 +1,8 @@
 #include "cli/commands.h"
+#include "cli/input_files.h"
 #include "cli/json_out.h"
-#include "cli/las_files.h"
 #include "cli/names.h"
+#include "cli/number_text.h"
 #include "cli/open_container.h"
 #include "cli/output.h"
 #include "cli/progress_bar.h"
@@ -134,10 +135,11 @@ void printTable(const report& all, bool dryRun) {
     files.print();
     const std::size_t refused = failuresOf(all);
     output::line("");
-    output::line(std::to_string(all.files.size())
-                 + " files: " + std::to_string(all.files.size() - refused) + " imported, "
-                 + std::to_string(refused) + " refused; " + std::to_string(wellsOf(all))
-                 + " wells and " + std::to_string(logsOf(all)) + " logs created"
+    using numberText::counted;
+    output::line(counted(all.files.size(), "file") + ": "
+                 + std::to_string(all.files.size() - refused) + " imported, "
+                 + std::to_string(refused) + " refused; " + counted(wellsOf(all), "well") + " and "
+                 + counted(logsOf(all), "log") + " created"
                  + (dryRun ? " (a dry run: nothing was written)" : ""));
     for (const auto& file : all.files)
         if (!file.ok)

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/encodings.h"
+#include "cli/input_files.h"
 #include "cli/json_out.h"
 #include "cli/number_text.h"
 #include "cli/output.h"
@@ -149,6 +150,8 @@ void printFile(const NORLEX_lasfileExt& file) {
 namespace commands {
 
 int las(const lasRequest& request) {
+    if (const std::wstring why = whyNoInput(request.file); !why.empty())
+        return output::refused(why);
     const NORLEX_lasfileExt file(request.file, request.headerOnly, request.encoding);
     if (request.form == resultForm::json)
         jsonOut::print(lasOf(file));

@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/input_files.h"
 #include "cli/json_out.h"
 #include "cli/names.h"
 #include "cli/number_text.h"
@@ -112,6 +113,8 @@ int importSurvey(const importSurveyRequest& request) {
     const openedWell opened = openWell(request.file, request.well);
     if (!opened)
         return output::failure;
+    if (const std::wstring why = whyNoInput(request.listing); !why.empty())
+        return output::refused(why);
     if (!opened.well->loadInclFromLST(request.listing, false))
         return output::refused();
     output::line(

@@ -57,4 +57,8 @@ std::string brief(double value) {
     return out;
 }
 
+std::string counted(std::size_t count, std::string_view thing) {
+    return std::to_string(count) + " " + std::string(thing) + (count == 1 ? "" : "s");
+}
+
 } // namespace numberText

@@ -1,6 +1,7 @@
 // Numbers in arguments and results, never through the process locale.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,5 +18,8 @@ namespace numberText {
 // value that is not finite, and fall back to the shortest text for very large ones.
 [[nodiscard]] std::string fixed(double value, int decimals);
 [[nodiscard]] std::string brief(double value);
+
+// "1 log", "3 logs".
+[[nodiscard]] std::string counted(std::size_t count, std::string_view thing);
 
 } // namespace numberText

@@ -12,6 +12,7 @@
 #include "wells/announce.h"
 #include "wells/log_records.h"
 #include "wells/names.h"
+#include "wells/query.h"
 
 #include <memory>
 #include <utility>
@@ -140,15 +141,17 @@ bool las_import::write() {
     return true;
 }
 
-// Finds or makes the well, and computes the absolute depths with its survey.
+// Finds or makes the well, and computes the absolute depths with its survey. Creation looks for the
+// well itself, so it is tried first: a look-up reads the whole table.
 bool las_import::openWell() {
-    m_result.well.wellId = NORLEX_well::getID(&m_db, m_result.well);
-    m_result.wellCreated = m_result.well.wellId == 0;
-    if (m_result.wellCreated) {
-        if (!NORLEX_well::create(&m_db, m_result.well))
-            return false;
-        m_result.well.wellId = NORLEX_well::getID(&m_db, m_result.well);
-    }
+    m_result.wellCreated = NORLEX_well::create(&m_db, m_result.well);
+    m_result.well.wellId =
+        m_result.wellCreated
+            ? static_cast<std::uint32_t>(query::counter(&m_db, L"SELECT max(w_id) FROM well_base"))
+            : NORLEX_well::getID(&m_db, m_result.well);
+    if (m_result.well.wellId == 0)
+        return false;
+    refuse({}); // that the well exists is no failure
     NORLEX_well well(&m_db, m_result.well.wellId);
     if (!well.isOK())
         return false;

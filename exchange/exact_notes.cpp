@@ -38,7 +38,7 @@ std::wstring escapedName(std::wstring_view name) {
 }
 
 std::wstring text(const row_ranges::range& range) {
-    const std::wstring first = std::to_wstring(std::uint64_t{range.first} + 1);
+    std::wstring first = std::to_wstring(std::uint64_t{range.first} + 1);
     if (range.first == range.last)
         return first;
     return first + L'-' + std::to_wstring(std::uint64_t{range.last} + 1);

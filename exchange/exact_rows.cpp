@@ -84,7 +84,8 @@ std::optional<row_range> rangeOf(exact_rows rows) {
 std::optional<double> freeNullValue(const log_columns& logs, std::optional<double> preferred) {
     if (preferred && std::isfinite(*preferred) && isFree(logs, *preferred))
         return preferred;
-    for (double candidate = -999.25; candidate > -1e12; candidate = candidate * 10.0 - 6.75)
+    double candidate = -999.25;
+    for (int nines = 3; nines < 12; ++nines, candidate = candidate * 10.0 - 6.75)
         if (isFree(logs, candidate))
             return candidate;
     refuse(L"no number is left that could stand for a missing value: the logs hold them all");

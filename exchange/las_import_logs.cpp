@@ -89,28 +89,33 @@ bool addCommonAttributes(odbc_database& db,
                          std::uint32_t wellId,
                          std::int64_t before,
                          const NORLEX_lasfileExt& file) {
-    const std::int64_t first = query::counter(&db,
-                                              sql(L"SELECT min(pr_id) FROM property WHERE pr_id > ",
-                                                  key(before),
-                                                  L" AND w_id = ",
-                                                  key(wellId)));
-    if (first == 0)
+    std::vector<std::int64_t> made;
+    if (const auto rows = db.query(sql(L"SELECT pr_id FROM property WHERE pr_id > ",
+                                       key(before),
+                                       L" AND w_id = ",
+                                       key(wellId),
+                                       L" ORDER BY pr_id")))
+        while (rows->next())
+            made.push_back(rows->get_counter(0));
+    if (made.empty())
         return true; // every log was there already
     const std::int64_t ownRows = query::counter(&db, L"SELECT max(m_id) FROM meta");
+    const std::int64_t first = made.front();
+    made.erase(made.begin());
+    // The keys are listed, so that the table is not searched for the well.
     return metadata::add(db, metadata::ofProperty, first, commonAttributes(file))
-           && db.exec(
-               sql(L"INSERT INTO meta (m_group, obj_id, key, value) SELECT m_group, pr_id, key, "
-                   L"value FROM property, meta WHERE w_id = ",
-                   key(wellId),
-                   L" AND pr_id > ",
-                   key(first),
-                   L" AND m_id > ",
-                   key(ownRows),
-                   L" AND m_group = ",
-                   quoted(metadata::ofProperty),
-                   L" AND obj_id = ",
-                   key(first),
-                   L" ORDER BY pr_id, m_id"));
+           && (made.empty()
+               || db.exec(
+                   sql(L"INSERT INTO meta (m_group, obj_id, key, value) SELECT m_group, pr_id, "
+                       L"key, value FROM property, meta WHERE pr_id IN(",
+                       keyList(made),
+                       L") AND m_id > ",
+                       key(ownRows),
+                       L" AND m_group = ",
+                       quoted(metadata::ofProperty),
+                       L" AND obj_id = ",
+                       key(first),
+                       L" ORDER BY pr_id, m_id")));
 }
 
 } // namespace lasImportLogs

@@ -85,12 +85,14 @@ void writeValue(las_writer& out, double value) {
 // where that shows in the last row.
 void writeRows(las_writer& out, const depth_grid& grid, const log_columns& logs) {
     std::vector<grid_cursor> cursors(logs.begin(), logs.end());
-    for (double depth = grid.top; depth <= grid.bottom && out.isOK(); depth += grid.step) {
+    double depth = grid.top;
+    while (depth <= grid.bottom && out.isOK()) {
         out.fixed(depth, 1);
         out.ascii(gap);
         for (auto& cursor : cursors)
             writeValue(out, cursor.valueAt(depth));
         out.endLine();
+        depth += grid.step;
     }
 }
 

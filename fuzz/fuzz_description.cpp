@@ -27,8 +27,9 @@ void require(bool holds) {
         std::abort();
 }
 
+// A carriage return inside a line is a part of it where the file's lines end otherwise.
 bool isValue(const std::wstring& text) {
-    return text.find_first_of(L"=\n\r") == std::wstring::npos && ts::strconv::isText(text);
+    return text.find_first_of(L"=\n") == std::wstring::npos && ts::strconv::isText(text);
 }
 
 } // namespace

@@ -78,21 +78,12 @@ change changeOf(const fs::path& root, std::string_view line) {
     return done;
 }
 
-// The last line may be cut short: its operation was not begun.
-std::vector<change> readChanges(const fs::path& root, int file) {
+std::string contentOf(int file) {
     std::string text;
     char buffer[4096];
     for (ssize_t got = 0; (got = ::read(file, buffer, sizeof buffer)) > 0;)
         text.append(buffer, static_cast<std::size_t>(got));
-    std::vector<change> changes;
-    std::string_view rest = text;
-    for (auto end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
-        const auto line = rest.substr(0, end);
-        if (line.size() > 2 && line[1] == '\t')
-            changes.push_back(changeOf(root, line));
-        rest.remove_prefix(end + 1);
-    }
-    return changes;
+    return text;
 }
 
 } // namespace
@@ -104,28 +95,28 @@ writer::~writer() {
         return;
     std::error_code ignored;
     fs::remove_all(folder(), ignored);
-    fs::remove(journalPath(m_root, m_id), ignored);
+    fs::remove(journalPath(m_root, m_name), ignored);
     ::close(m_file);
     fs::remove(pendingFolder(m_root), ignored); // stays while another's journal is in it
 }
 
 fs::path writer::folder() const {
-    return pendingFolder(m_root) / ts::strconv::toUtf8(m_id);
+    return pendingFolder(m_root) / ts::strconv::toUtf8(m_name);
 }
 
 bool writer::open() {
     // Another process may remove the empty folder, or the journal before it is locked.
     for (int attempt = 0; attempt < 100; ++attempt) {
-        m_id = newUuid();
+        m_name = newUuid();
         if (!files::makeFolder(files::wide(pendingFolder(m_root))))
             return false;
-        m_file = ::open(journalPath(m_root, m_id).c_str(),
+        m_file = ::open(journalPath(m_root, m_name).c_str(),
                         O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC,
                         0666);
         if (m_file < 0 && errno == ENOENT)
             continue;
         if (m_file < 0)
-            return refuseAt(L"cannot write", journalPath(m_root, m_id), files::reason(errno));
+            return refuseAt(L"cannot write", journalPath(m_root, m_name), files::reason(errno));
         struct stat state {};
         if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &state) == 0
             && state.st_nlink > 0)
@@ -135,14 +126,35 @@ bool writer::open() {
     return refuseAt(L"cannot write", pendingFolder(m_root), L"it is removed again and again");
 }
 
+bool writer::begin() {
+    if (m_file < 0 && !open())
+        return false;
+    m_id = m_name + L"-" + std::to_wstring(++m_transactions);
+    if (write("T\t" + ts::strconv::toUtf8(m_id) + "\n"))
+        return true;
+    end();
+    return false;
+}
+
+bool writer::write(const std::string& line) {
+    if (::write(m_file, line.data(), line.size()) == static_cast<ssize_t>(line.size())) {
+        m_size += line.size();
+        return true;
+    }
+    const int error = errno;
+    static_cast<void>(::ftruncate(m_file, static_cast<off_t>(m_size))); // no half line
+    return refuseAt(L"cannot write", journalPath(m_root, m_name), files::reason(error));
+}
+
 bool writer::note(const change& done) {
     const std::string line = lineOf(m_root, done);
     if (line.find('\n') + 1 != line.size())
         return refuseAt(L"cannot change", done.path, L"its name holds a line end");
-    if (::write(m_file, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
-        return refuseAt(L"cannot write", journalPath(m_root, m_id), files::reason(errno));
+    const std::size_t start = m_size;
+    if (!write(line))
+        return false;
     m_changes.push_back(done);
-    m_ends.push_back((m_ends.empty() ? 0 : m_ends.back()) + line.size());
+    m_starts.push_back(start);
     return true;
 }
 
@@ -191,35 +203,60 @@ void writer::followMove(const fs::path& from, const fs::path& to) {
 void writer::undoTo(std::size_t mark) {
     while (m_changes.size() > mark) {
         const change last = std::move(m_changes.back());
+        m_size = m_starts.back();
         m_changes.pop_back();
-        m_ends.pop_back();
+        m_starts.pop_back();
         static_cast<void>(undoOne(last));
         if (last.what == kind::moved)
             followMove(last.other, last.path);
     }
-    static_cast<void>(::ftruncate(m_file, static_cast<off_t>(m_ends.empty() ? 0 : m_ends.back())));
+    static_cast<void>(::ftruncate(m_file, static_cast<off_t>(m_size)));
 }
 
-void writer::keep() {
-    m_changes.clear();
+// The journal is emptied first: what was set aside must not be looked for when it is gone.
+void writer::end() {
+    static_cast<void>(::ftruncate(m_file, 0));
+    m_size = 0;
+    m_id.clear();
+    std::error_code ignored;
+    for (const auto& done : std::exchange(m_changes, {}))
+        if (done.what == kind::aside)
+            fs::remove_all(done.other, ignored);
+    m_starts.clear();
     m_written.clear();
 }
 
-remains::remains(fs::path root, std::wstring id, int lockedFile)
-    : m_root(std::move(root)), m_id(std::move(id)), m_file(lockedFile) {}
+remains::remains(fs::path root, std::wstring name, int lockedFile)
+    : m_root(std::move(root)), m_name(std::move(name)), m_file(lockedFile) {
+    read();
+}
 
 remains::remains(remains&& other) noexcept
-    : m_root(std::move(other.m_root)), m_id(std::move(other.m_id)),
-      m_file(std::exchange(other.m_file, -1)) {}
+    : m_root(std::move(other.m_root)), m_name(std::move(other.m_name)),
+      m_file(std::exchange(other.m_file, -1)), m_id(std::move(other.m_id)),
+      m_changes(std::move(other.m_changes)) {}
 
 remains::~remains() {
     if (m_file >= 0)
         ::close(m_file);
 }
 
+// The last line may be cut short: its operation was not begun.
+void remains::read() {
+    const std::string text = contentOf(m_file);
+    std::string_view rest = text;
+    for (auto end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
+        const auto line = rest.substr(0, end);
+        if (line.starts_with("T\t"))
+            m_id = ts::strconv::fromUtf8(line.substr(2));
+        else if (line.size() > 2 && line[1] == '\t')
+            m_changes.push_back(changeOf(m_root, line));
+        rest.remove_prefix(end + 1);
+    }
+}
+
 bool remains::undo() {
-    const auto changes = readChanges(m_root, m_file);
-    for (auto done = changes.rbegin(); done != changes.rend(); ++done)
+    for (auto done = m_changes.rbegin(); done != m_changes.rend(); ++done)
         if (!undoOne(*done))
             return false;
     return true;
@@ -227,8 +264,8 @@ bool remains::undo() {
 
 void remains::drop() {
     std::error_code ignored;
-    fs::remove_all(pendingFolder(m_root) / ts::strconv::toUtf8(m_id), ignored);
-    fs::remove(journalPath(m_root, m_id), ignored);
+    fs::remove_all(pendingFolder(m_root) / ts::strconv::toUtf8(m_name), ignored);
+    fs::remove(journalPath(m_root, m_name), ignored);
     fs::remove(pendingFolder(m_root), ignored);
 }
 

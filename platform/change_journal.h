@@ -1,9 +1,12 @@
-// The journal of one transaction's file operations, as it stands on disk.
+// The journal of a connection's file operations, as it stands on disk.
 //
-// ".pending/<id>.changes" below the file directory holds a line an operation, written before the
-// operation is done, fields with a tab between them, paths relative to the file directory:
+// ".pending/<name>.changes" below the file directory tells the operations of the transaction that
+// is open, and is empty while none is. Its first line is the transaction's id; then comes a line an
+// operation, written before the operation is done. Fields have a tab between them, paths are
+// relative to the file directory:
+//   T id         the transaction begins
 //   C path       a file is created            undone by removing it
-//   R path kept  moved aside to kept         undone by moving it back
+//   R path kept  moved aside to kept          undone by moving it back
 //   M from to    moved                        undone by moving it back
 //   D path       a folder is made             undone by removing it while it is empty
 // Its process holds a lock on the file: a journal that can be locked belongs to a dead one.
@@ -34,7 +37,7 @@ public:
     writer& operator=(const writer&) = delete;
 
     // Each sets the last error when it answers false.
-    [[nodiscard]] bool open();
+    [[nodiscard]] bool begin(); // a transaction; makes the journal on disk with the first one
     [[nodiscard]] bool note(const change& done);
     [[nodiscard]] bool setAside(const std::filesystem::path& path);
     [[nodiscard]] bool makeFolders(const std::filesystem::path& folder);
@@ -42,7 +45,9 @@ public:
     [[nodiscard]] bool move(const std::filesystem::path& from, const std::filesystem::path& to);
 
     void undoTo(std::size_t mark);
-    void keep(); // the changes stand: what was set aside goes
+    void end(); // the transaction is over: what was set aside goes
+    [[nodiscard]] bool isActive() const { return !m_id.empty(); }
+    [[nodiscard]] const std::filesystem::path& root() const { return m_root; }
 
     [[nodiscard]] std::filesystem::path newName(); // for new content, in the journal's folder
     [[nodiscard]] const std::wstring& id() const { return m_id; }
@@ -52,14 +57,19 @@ public:
     std::int64_t marker = 0; // row of the marker in the table `meta`
 
 private:
+    [[nodiscard]] bool open();
+    [[nodiscard]] bool write(const std::string& line);
     [[nodiscard]] std::filesystem::path folder() const;
     void followMove(const std::filesystem::path& from, const std::filesystem::path& to);
 
     std::filesystem::path m_root;
-    std::wstring m_id;
+    std::wstring m_name;
+    std::wstring m_id; // of the open transaction
+    std::uint64_t m_transactions = 0;
     int m_file = -1;
+    std::size_t m_size = 0; // of the file
     std::vector<change> m_changes;
-    std::vector<std::size_t> m_ends; // of each change's line, in bytes
+    std::vector<std::size_t> m_starts; // of each change's line
     std::vector<std::filesystem::path> m_written;
     std::size_t m_names = 0;
 };
@@ -67,19 +77,23 @@ private:
 // What a dead process left.
 class remains {
 public:
-    remains(std::filesystem::path root, std::wstring id, int lockedFile);
+    remains(std::filesystem::path root, std::wstring name, int lockedFile);
     ~remains();
     remains(remains&& other) noexcept;
     remains& operator=(remains&&) = delete;
 
-    [[nodiscard]] const std::wstring& id() const { return m_id; }
+    [[nodiscard]] const std::wstring& id() const { return m_id; } // empty: none was open
     [[nodiscard]] bool undo();
     void drop();
 
 private:
+    void read();
+
     std::filesystem::path m_root;
-    std::wstring m_id;
+    std::wstring m_name;
     int m_file;
+    std::wstring m_id;
+    std::vector<change> m_changes;
 };
 
 [[nodiscard]] std::vector<remains> abandoned(const std::filesystem::path& root);

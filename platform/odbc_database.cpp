@@ -73,7 +73,7 @@ void odbc_database::disconnect() {
     auto& c = *m_connection;
     while (!c.levels.empty())
         rollback();
-    c.files.forgetMarker();
+    c.files.close();
     c.driver.reset();
 }
 

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <utility>
@@ -39,16 +40,22 @@ fs::path bare(const std::wstring& path) {
     return whole.has_filename() ? whole : whole.parent_path();
 }
 
-// A commit must not outlive the samples it speaks of. A file that is gone again needs nothing.
-bool flushed(const fs::path& path) {
-    if (!isThere(path))
-        return true;
+bool flush(const fs::path& path, int (*call)(int)) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    const bool done = file >= 0 && ::fdatasync(file) == 0;
+    const bool done = file >= 0 && call(file) == 0;
     const int error = errno;
     if (file >= 0)
         ::close(file);
     return done || refuse(L"cannot write " + files::wide(path) + L": " + files::reason(error));
+}
+
+// A commit must not outlive the samples it speaks of. A flush costs the same for one file or for
+// all of a file system, so several files share one. A file that is gone again needs none.
+bool flushAll(const std::vector<fs::path>& written, const fs::path& root) {
+    const auto isGone = [](const fs::path& path) { return !isThere(path); };
+    if (std::ranges::all_of(written, isGone))
+        return true;
+    return written.size() == 1 ? flush(written.front(), ::fdatasync) : flush(root, ::syncfs);
 }
 
 } // namespace
@@ -62,13 +69,12 @@ transaction_files::transaction_files(odbc_database* db) : m_db(db) {}
 transaction_files::~transaction_files() = default;
 
 bool transaction_files::openJournal() {
-    if (m_journal)
-        return true;
-    auto opened = std::make_unique<journal>(bare(m_db->get_file_container_path()));
-    if (!opened->open())
-        return false;
-    m_journal = std::move(opened);
-    return true;
+    const fs::path root = bare(m_db->get_file_container_path());
+    if (m_journal && m_journal->root() != root && !m_journal->isActive())
+        m_journal.reset(); // the connection was given another file directory
+    if (!m_journal)
+        m_journal = std::make_unique<journal>(root);
+    return m_journal->isActive() || m_journal->begin();
 }
 
 // Only what lies below the file directory may change, and only inside a transaction.
@@ -98,7 +104,13 @@ bool transaction_files::write(const std::wstring& path,
         static_cast<void>(::sync_file_range(fileno(file.get()), 0, 0, SYNC_FILE_RANGE_WRITE));
     if (!written && errno != 0)
         refuse(L"cannot write " + path + L": " + files::reason(errno));
-    if (!written || !m_journal->makeFolders(target.parent_path()))
+    file.reset();
+    if (!written) {
+        std::error_code ignored;
+        fs::remove(fresh, ignored); // on a full disk its room is wanted
+        return false;
+    }
+    if (!m_journal->makeFolders(target.parent_path()))
         return false;
     if (isThere(target) ? !m_journal->setAside(target)
                         : !m_journal->note({changeJournal::kind::created, target, {}}))
@@ -140,16 +152,15 @@ void transaction_files::undoTo(std::size_t mark) {
     if (!m_journal)
         return;
     m_journal->undoTo(mark);
-    if (mark == 0 && !m_db->in_transaction())
-        m_journal.reset(); // removes what is left of it
+    if (mark == 0 && !m_db->in_transaction() && m_journal->isActive())
+        m_journal->end();
 }
 
 bool transaction_files::beforeCommit() {
-    if (!m_journal)
+    if (!m_journal || !m_journal->isActive())
         return true;
-    for (const auto& path : m_journal->written())
-        if (!flushed(path))
-            return false;
+    if (!flushAll(m_journal->written(), m_journal->root()))
+        return false;
     if (m_marker != 0 && !m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(m_marker))))
         return false;
     if (!m_db->exec(
@@ -163,22 +174,20 @@ bool transaction_files::beforeCommit() {
 }
 
 void transaction_files::afterCommit() {
-    if (!m_journal)
+    if (!m_journal || !m_journal->isActive())
         return;
     m_marker = m_journal->marker;
-    m_journal->keep();
-    const auto emptied = std::move(m_journal->emptied);
-    m_journal.reset();
-    const fs::path root = bare(m_db->get_file_container_path());
-    for (const auto& folder : emptied)
-        changeJournal::removeEmptyFolders(root, folder);
+    m_journal->end();
+    for (const auto& folder : std::exchange(m_journal->emptied, {}))
+        changeJournal::removeEmptyFolders(m_journal->root(), folder);
 }
 
-void transaction_files::forgetMarker() {
+// A marker that stays behind is one idle row.
+void transaction_files::close() {
     const std::int64_t row = std::exchange(m_marker, 0);
-    // A marker that stays behind is one idle row.
     if (row != 0 && m_db->is_connected())
         static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(row))));
+    m_journal.reset(); // removes it from the disk
 }
 
 bool transaction_files::recover() {
@@ -188,7 +197,7 @@ bool transaction_files::recover() {
             m_db->query(sql(L"SELECT m_id FROM meta WHERE m_group = 'file_changes' AND key = ",
                             sqlText::quoted(left.id())));
         const std::int64_t marker = row && row->next() ? row->get_counter(0) : 0;
-        if (marker == 0 && !left.undo())
+        if (marker == 0 && !left.undo()) // a journal without an id has nothing to undo
             return false;
         left.drop();
         if (marker != 0)

@@ -1,10 +1,11 @@
 // Files that change together with the rows of a transaction.
 //
-// Every operation is done at once and noted beforehand in a journal of its transaction, the folder
-// ".pending/<id>" of the container's file directory. Rolling back undoes the operations in reverse
+// Every operation is done at once and noted beforehand in the connection's journal, which lies in
+// ".pending" of the container's file directory. Rolling back undoes the operations in reverse
 // order. Committing flushes the new files, puts a marker row into the table `meta` (group
-// "file_changes", key <id>), commits, and forgets the journal. A journal that a killed process
-// leaves is finished or undone when the container is next opened, by whether its marker is there.
+// "file_changes", key: the transaction's id), commits, and empties the journal. A journal that a
+// killed process leaves is finished or undone when the container is next opened, by whether its
+// marker is there.
 #pragma once
 
 #include <cstdint>
@@ -44,7 +45,7 @@ private:
     void undoTo(std::size_t mark);
     [[nodiscard]] bool beforeCommit();
     void afterCommit();
-    void forgetMarker();
+    void close(); // the connection closes
 
     [[nodiscard]] bool openJournal();
     [[nodiscard]] bool accepts(const std::wstring& path);

@@ -86,26 +86,30 @@ inline fs::path fileFolder(const NORLEX_wellContainer& container) {
     return path;
 }
 
-// What lies below the file directory: sample files, folders without anything in them, and what
-// unfinished transactions left.
+// What lies below the file directory. A living connection keeps a journal of its file changes in
+// ".pending", empty while no transaction is open.
 struct stored {
     std::size_t samples = 0;
-    std::size_t emptyFolders = 0;
-    std::size_t leftovers = 0;
+    std::size_t emptyFolders = 0; // of wells
+    std::size_t pending = 0;      // everything in ".pending"
+    std::size_t unfinished = 0;   // of that, files that are not empty
 };
 inline stored filesOf(const fs::path& folder) {
     stored out;
     std::error_code code;
     for (fs::recursive_directory_iterator it(folder, code), end; !code && it != end;
          it.increment(code)) {
-        const bool pending = it->path().string().find("/.pending/") != std::string::npos;
-        if (pending)
-            ++out.leftovers;
-        else if (it->path().extension() == ".wpdb")
+        std::error_code gone;
+        const fs::path& path = it->path();
+        if (path.string().find("/.pending/") != std::string::npos) {
+            ++out.pending;
+            out.unfinished += it->is_regular_file(gone) && it->file_size(gone) > 0 ? 1U : 0U;
+        } else if (path.extension() == ".wpdb") {
             ++out.samples;
-        else if (it->is_directory(code) && it->path().filename() != ".pending"
-                 && fs::is_empty(it->path(), code))
+        } else if (path.filename() != ".pending" && it->is_directory(gone)
+                   && fs::is_empty(path, gone)) {
             ++out.emptyFolders;
+        }
     }
     return out;
 }

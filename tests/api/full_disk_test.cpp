@@ -66,7 +66,7 @@ void expectWells(const NORLEX_wellContainer& container, std::size_t wells, std::
     const stored files = filesOf(fileFolder(container));
     EXPECT_EQ(files.samples, wells * curvesOfFile);
     EXPECT_EQ(files.emptyFolders, 0U);
-    EXPECT_EQ(files.leftovers, 0U);
+    EXPECT_EQ(files.unfinished, 0U);
 }
 
 } // namespace

@@ -215,6 +215,10 @@ class LasTest(ProgramTest):
             result = run("las", path, "--json")
             self.assertEqual((result.returncode, json.loads(result.stdout)["ok"]), (1, False), name)
         self.refused("las", self.folder / "missing.las", says=["missing.las"])
+        self.refused("las", self.folder, says=[self.folder.name])
+        if hasattr(os, "mkfifo"):
+            os.mkfifo(self.folder / "pipe.las")  # would be waited for without end
+            self.refused("las", self.folder / "pipe.las", says=["pipe.las", "neither a file"])
 
     def test_import_walks_folders_and_tries_every_file(self):
         self.create()

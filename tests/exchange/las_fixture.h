@@ -53,7 +53,8 @@ private:
         const auto all = files::listTree(container->getFileContainerPath());
         return static_cast<std::size_t>(
             std::count_if(all.begin(), all.end(), [](const std::wstring& path) {
-                return files::nameOf(path) != L"journal.db";
+                // a living connection keeps an empty journal of its file changes
+                return files::nameOf(path) != L"journal.db" && files::size(path) != 0U;
             }));
     }
 

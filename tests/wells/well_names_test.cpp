@@ -40,8 +40,10 @@ const nameCase nameCases[] = {
     {"letters of another script",                               L"Скважина № 7",                                                              true                                                                                   },
 };
 
+// An open connection keeps its journals, which are empty between transactions.
 std::set<std::wstring> pathsBelow(const std::wstring& folder) {
-    const auto paths = files::listTree(folder);
+    auto paths = files::listTree(folder);
+    std::erase_if(paths, [](const auto& path) { return files::size(path) == 0U; });
     return {paths.begin(), paths.end()};
 }
 

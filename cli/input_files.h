@@ -1,8 +1,12 @@
-// Finds the LAS files that an import is to take.
+// Finds the files that a command is to read.
 #pragma once
 
 #include <string>
 #include <vector>
+
+// Why a path that is there cannot be read as a file or folder: a pipe, which would be waited for
+// without end, or a device. Empty for everything else, a missing file among it.
+[[nodiscard]] std::wstring whyNoInput(const std::wstring& path);
 
 struct lasSource {
     std::wstring path;

@@ -1,4 +1,4 @@
-#include "cli/las_files.h"
+#include "cli/input_files.h"
 
 #include "cli/text.h"
 
@@ -44,17 +44,22 @@ void addFolder(const std::wstring& folder, std::vector<lasSource>& out) {
 
 } // namespace
 
+std::wstring whyNoInput(const std::wstring& path) {
+    std::error_code error;
+    const auto status = fs::status(text::path(path), error);
+    if (!fs::exists(status) || fs::is_regular_file(status) || fs::is_directory(status))
+        return {};
+    return path + L" is neither a file nor a folder; save what it gives as a file and name that";
+}
+
 std::vector<lasSource> findLasFiles(const std::vector<std::wstring>& paths) {
     std::vector<lasSource> out;
     for (const auto& path : paths) {
         std::error_code error;
-        const auto status = fs::status(text::path(path), error);
-        if (fs::is_directory(status))
+        if (fs::is_directory(text::path(path), error))
             addFolder(path, out);
-        else if (fs::exists(status) && !fs::is_regular_file(status))
-            out.push_back({path, L"it is neither a file nor a folder; name a LAS file"});
         else
-            out.push_back({path, {}}); // a missing one is refused when it is opened
+            out.push_back({path, whyNoInput(path)}); // a missing one is refused when it is opened
     }
     return out;
 }
