@@ -80,7 +80,7 @@ private:
 
 class sqlite_driver final : public sql_driver {
 public:
-    // Leaving the mode removes the emptied journal file.
+    // Leaving the mode removes the journal file.
     ~sqlite_driver() override {
         if (m_db == nullptr)
             return;
@@ -96,10 +96,10 @@ public:
         sqlite3_extended_result_codes(m_db, 1);
         if (!registerSqliteFunctions(m_db))
             return fail("cannot prepare");
-        // The page size has an effect on a new file only, and only before its first write. Emptying
-        // the rollback journal costs a flush of the disk less than removing it each time. The
+        // The page size has an effect on a new file only, and only before its first write. Keeping
+        // the file of the rollback journal from commit to commit saves flushes of the disk. The
         // schema is read so that a file that is no database is told at once.
-        return exec("PRAGMA page_size=8192") && exec("PRAGMA journal_mode=TRUNCATE")
+        return exec("PRAGMA page_size=8192") && exec("PRAGMA journal_mode=PERSIST")
                && query("SELECT count(*) FROM sqlite_master");
     }
     bool isServer() const override { return false; }

@@ -54,7 +54,7 @@ private:
         return static_cast<std::size_t>(
             std::count_if(all.begin(), all.end(), [](const std::wstring& path) {
                 // a living connection keeps an empty journal of its file changes
-                return files::nameOf(path) != L"journal.db" && files::size(path) != 0U;
+                return !files::nameOf(path).starts_with(L"journal.db") && files::size(path) != 0U;
             }));
     }
 

@@ -55,7 +55,7 @@ protected:
                                                          ? L" WHERE m_group IN ('well', 'property')"
                                                          : L"")));
         for (const auto& path : files::listTree(container->getFileContainerPath()))
-            if (!path.ends_with(L"journal.db") && !path.ends_with(L".pt")
+            if (!files::nameOf(path).starts_with(L"journal.db") && !path.ends_with(L".pt")
                 && files::size(path) != 0U) // nor the journals of an open connection
                 out[path] = temp_folder::read(path);
         return out;

@@ -40,10 +40,12 @@ const nameCase nameCases[] = {
     {"letters of another script",                               L"Скважина № 7",                                                              true                                                                                   },
 };
 
-// An open connection keeps its journals, which are empty between transactions.
+// An open connection keeps its journals.
 std::set<std::wstring> pathsBelow(const std::wstring& folder) {
     auto paths = files::listTree(folder);
-    std::erase_if(paths, [](const auto& path) { return files::size(path) == 0U; });
+    std::erase_if(paths, [](const auto& path) {
+        return path.ends_with(L"-journal") || path.ends_with(L".changes");
+    });
     return {paths.begin(), paths.end()};
 }
 
