@@ -34,12 +34,12 @@ struct group {
 };
 
 constexpr std::array groups{
-    group{"las-read",    "reading a large LAS file, its memory, its header alone", bench::lasRead    },
-    group{"las-import",  "a large LAS file into a container",                      bench::lasImport  },
-    group{"las-export",  "20 large logs into a LAS file",                          bench::lasExport  },
-    group{"sample-file", "writing and reading the samples of a log",               bench::sampleFiles},
-    group{"survey",      "depth conversions on 10,000 stations",                   bench::survey     },
-    group{"many-files",  "many small LAS files into one container",                bench::manyFiles  },
+    group{"las-read", "reading a large LAS file, its memory, its header alone", bench::lasRead},
+    group{"las-import", "a large LAS file into a container", bench::lasImport},
+    group{"las-export", "20 large logs into a LAS file", bench::lasExport},
+    group{"sample-file", "writing and reading the samples of a log", bench::sampleFiles},
+    group{"survey", "depth conversions on 10,000 stations", bench::survey},
+    group{"many-files", "many small LAS files into one container", bench::manyFiles},
 };
 
 struct request {
@@ -69,10 +69,7 @@ request parse(const std::vector<std::string_view>& arguments) {
         std::string_view option;
         std::size_t& value;
     } numbers[] = {
-        {"--rows",   out.with.rows  },
-        {"--files",  out.with.files },
-        {"--repeat", out.with.rounds}
-    };
+        {"--rows", out.with.rows}, {"--files", out.with.files}, {"--repeat", out.with.rounds}};
     for (std::size_t i = 0; i < arguments.size() && out.good; ++i) {
         const auto option = arguments[i];
         const auto isOption = [&](const auto& n) { return n.option == option; };

@@ -31,17 +31,17 @@ std::string_view statusName(NORLEX_versionStatus status) {
 json infoOf(const NORLEX_wellContainer& container) {
     const NORLEX_contDescription& description = container.getContDescription();
     return {
-        {"path",           jsonOut::string(description.path)                },
-        {"type",           typeName(description.type)                       },
-        {"version",        container.getVersionNumber()                     },
-        {"status",         statusName(container.getVersionStatus())         },
-        {"wells",          container.getWellCount()                         },
-        {"properties",     container.getPropertyCount()                     },
-        {"templates",      container.getTemplateCount()                     },
-        {"created",        jsonOut::string(container.getCreateDate())       },
-        {"created_by",     jsonOut::string(container.getCreateUser())       },
-        {"updated",        jsonOut::string(container.getUpdateDate())       },
-        {"updated_by",     jsonOut::string(container.getUpdateUser())       },
+        {"path", jsonOut::string(description.path)},
+        {"type", typeName(description.type)},
+        {"version", container.getVersionNumber()},
+        {"status", statusName(container.getVersionStatus())},
+        {"wells", container.getWellCount()},
+        {"properties", container.getPropertyCount()},
+        {"templates", container.getTemplateCount()},
+        {"created", jsonOut::string(container.getCreateDate())},
+        {"created_by", jsonOut::string(container.getCreateUser())},
+        {"updated", jsonOut::string(container.getUpdateDate())},
+        {"updated_by", jsonOut::string(container.getUpdateUser())},
         {"file_directory", jsonOut::string(container.getFileContainerPath())},
     };
 }

@@ -36,31 +36,29 @@ json propertyOf(const NORLEX_propertyInfo& property) {
     };
     const NORLEX_depthRange range = property.range.value_or(NORLEX_depthRange{});
     return {
-        {"group",    jsonOut::string(property.description.group)},
-        {"name",     jsonOut::string(property.description.name) },
-        {"type",     typeName(property.type)                    },
-        {"template", jsonOut::string(property.templateName)     },
-        {"unit",     jsonOut::string(property.unit)             },
-        {"comment",  jsonOut::string(property.comment)          },
-        {"records",  property.records                           },
-        {"top",      depth(range.top)                           },
-        {"bottom",   depth(range.bot)                           },
+        {"group", jsonOut::string(property.description.group)},
+        {"name", jsonOut::string(property.description.name)},
+        {"type", typeName(property.type)},
+        {"template", jsonOut::string(property.templateName)},
+        {"unit", jsonOut::string(property.unit)},
+        {"comment", jsonOut::string(property.comment)},
+        {"records", property.records},
+        {"top", depth(range.top)},
+        {"bottom", depth(range.bot)},
     };
 }
 
 void printProperties(const std::vector<NORLEX_propertyInfo>& properties) {
     using enum table::align;
-    table rows({
-        {"GROUP"   },
-        {"NAME"    },
-        {"TYPE"    },
-        {"TEMPLATE"},
-        {"UNIT"    },
-        {"RECORDS",  right},
-        {"TOP",          right},
-        {"BOTTOM",right},
-        {"COMMENT"  }
-    });
+    table rows({{"GROUP"},
+                {"NAME"},
+                {"TYPE"},
+                {"TEMPLATE"},
+                {"UNIT"},
+                {"RECORDS", right},
+                {"TOP", right},
+                {"BOTTOM", right},
+                {"COMMENT"}});
     for (const auto& p : properties)
         rows.add({text::shown(p.description.group),
                   text::shown(p.description.name),

@@ -32,9 +32,9 @@ json curveOf(const NORLEX_lasCurve& curve) {
 
 json entryOf(const lasDescription& entry) {
     return {
-        {"mnemonic",    jsonOut::string(entry.mnemonic)   },
-        {"unit",        jsonOut::string(entry.unit)       },
-        {"value",       jsonOut::string(entry.value)      },
+        {"mnemonic", jsonOut::string(entry.mnemonic)},
+        {"unit", jsonOut::string(entry.unit)},
+        {"value", jsonOut::string(entry.value)},
         {"description", jsonOut::string(entry.description)},
     };
 }
@@ -48,24 +48,21 @@ json lasOf(const NORLEX_lasfileExt& file) {
         curves.push_back(curveOf(*file.getCurveByIndex(i)));
     json skipped = json::array();
     for (const auto& [line, reason] : file.getSkippedLines())
-        skipped.push_back({
-            {"line",   line                   },
-            {"reason", jsonOut::string(reason)}
-        });
+        skipped.push_back({{"line", line}, {"reason", jsonOut::string(reason)}});
     return {
-        {"ok",            file.isOK()                           },
-        {"version",       jsonOut::string(file.getVersionText())},
-        {"wrap",          file.isWrap()                         },
-        {"start",         jsonOut::number(file.getStart())      },
-        {"stop",          jsonOut::number(file.getStop())       },
-        {"step",          jsonOut::number(file.getStep())       },
-        {"null",          jsonOut::number(file.getNodata())     },
-        {"encoding",      encodings::name(file.getEncoding())   },
-        {"well",          std::move(well)                       },
-        {"curves",        std::move(curves)                     },
-        {"rows",          file.getRowCount()                    },
-        {"skipped",       std::move(skipped)                    },
-        {"skipped_count", file.getSkippedCount()                },
+        {"ok", file.isOK()},
+        {"version", jsonOut::string(file.getVersionText())},
+        {"wrap", file.isWrap()},
+        {"start", jsonOut::number(file.getStart())},
+        {"stop", jsonOut::number(file.getStop())},
+        {"step", jsonOut::number(file.getStep())},
+        {"null", jsonOut::number(file.getNodata())},
+        {"encoding", encodings::name(file.getEncoding())},
+        {"well", std::move(well)},
+        {"curves", std::move(curves)},
+        {"rows", file.getRowCount()},
+        {"skipped", std::move(skipped)},
+        {"skipped_count", file.getSkippedCount()},
     };
 }
 
@@ -84,17 +81,15 @@ void printEntries(const NORLEX_lasfileExt& file) {
 
 void printCurves(const NORLEX_lasfileExt& file) {
     using enum table::align;
-    table curves({
-        {"CURVE" },
-        {"UNIT"  },
-        {"POINTS", right},
-        {"VALUES",        right},
-        {"MIN",right},
-        {"MAX",    right},
-        {"TOP",        right},
-        {"BOTTOM",right},
-        {"DESCRIPTION"   }
-    });
+    table curves({{"CURVE"},
+                  {"UNIT"},
+                  {"POINTS", right},
+                  {"VALUES", right},
+                  {"MIN", right},
+                  {"MAX", right},
+                  {"TOP", right},
+                  {"BOTTOM", right},
+                  {"DESCRIPTION"}});
     for (std::size_t i = 0; i < file.getNumCurves(); ++i) {
         const NORLEX_lasCurve& c = *file.getCurveByIndex(i);
         const bool any = c.getCount() != 0;
@@ -116,10 +111,7 @@ void printCurves(const NORLEX_lasfileExt& file) {
 void printSkipped(const NORLEX_lasfileExt& file) {
     if (file.getSkippedCount() == 0)
         return;
-    table skipped({
-        {"LINE", table::align::right},
-        {"NOT TAKEN BECAUSE"     }
-    });
+    table skipped({{"LINE", table::align::right}, {"NOT TAKEN BECAUSE"}});
     for (const auto& [line, reason] : file.getSkippedLines())
         skipped.add({std::to_string(line), text::shown(reason)});
     output::line("");
@@ -130,15 +122,15 @@ void printSkipped(const NORLEX_lasfileExt& file) {
 
 void printFile(const NORLEX_lasfileExt& file) {
     printPairs({
-        {"version",       text::shown(file.getVersionText())              },
-        {"wrap",          file.isWrap() ? "yes" : "no"                    },
-        {"start",         numberText::brief(file.getStart())              },
-        {"stop",          numberText::brief(file.getStop())               },
-        {"step",          numberText::brief(file.getStep())               },
-        {"null",          numberText::brief(file.getNodata())             },
-        {"encoding",      std::string(encodings::name(file.getEncoding()))},
-        {"rows",          std::to_string(file.getRowCount())              },
-        {"lines skipped", std::to_string(file.getSkippedCount())          },
+        {"version", text::shown(file.getVersionText())},
+        {"wrap", file.isWrap() ? "yes" : "no"},
+        {"start", numberText::brief(file.getStart())},
+        {"stop", numberText::brief(file.getStop())},
+        {"step", numberText::brief(file.getStep())},
+        {"null", numberText::brief(file.getNodata())},
+        {"encoding", std::string(encodings::name(file.getEncoding()))},
+        {"rows", std::to_string(file.getRowCount())},
+        {"lines skipped", std::to_string(file.getSkippedCount())},
     });
     printEntries(file);
     printCurves(file);

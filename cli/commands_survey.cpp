@@ -11,12 +11,12 @@ namespace {
 
 json stationOf(const NORLEX_inclinometry& incl, std::size_t i) {
     return {
-        {"depth",   jsonOut::number(incl.getDepthData(i))   },
-        {"abs",     jsonOut::number(incl.getAbsDepthData(i))},
-        {"angle",   jsonOut::number(incl.getAngleData(i))   },
-        {"azimuth", jsonOut::number(incl.getAzimuthData(i)) },
-        {"x",       jsonOut::number(incl.getXShiftData(i))  },
-        {"y",       jsonOut::number(incl.getYShiftData(i))  },
+        {"depth", jsonOut::number(incl.getDepthData(i))},
+        {"abs", jsonOut::number(incl.getAbsDepthData(i))},
+        {"angle", jsonOut::number(incl.getAngleData(i))},
+        {"azimuth", jsonOut::number(incl.getAzimuthData(i))},
+        {"x", jsonOut::number(incl.getXShiftData(i))},
+        {"y", jsonOut::number(incl.getYShiftData(i))},
     };
 }
 
@@ -25,26 +25,24 @@ json surveyOf(const NORLEX_inclinometry& incl, bool valid) {
     for (std::size_t i = 0; i < incl.getDataCount(); ++i)
         stations.push_back(stationOf(incl, i));
     return {
-        {"altitude", jsonOut::number(incl.getAltitude()) },
-        {"valid",    valid                               },
-        {"stations", std::move(stations)                 },
-        {"west",     jsonOut::number(incl.getWMaxShift())},
-        {"east",     jsonOut::number(incl.getEMaxShift())},
-        {"north",    jsonOut::number(incl.getNMaxShift())},
-        {"south",    jsonOut::number(incl.getSMaxShift())},
+        {"altitude", jsonOut::number(incl.getAltitude())},
+        {"valid", valid},
+        {"stations", std::move(stations)},
+        {"west", jsonOut::number(incl.getWMaxShift())},
+        {"east", jsonOut::number(incl.getEMaxShift())},
+        {"north", jsonOut::number(incl.getNMaxShift())},
+        {"south", jsonOut::number(incl.getSMaxShift())},
     };
 }
 
 void printSurvey(const NORLEX_inclinometry& incl, bool valid) {
     using enum table::align;
-    table stations({
-        {"DEPTH",   right},
-        {"ABS",     right},
-        {"ANGLE",   right},
-        {"AZIMUTH", right},
-        {"X",       right},
-        {"Y",       right}
-    });
+    table stations({{"DEPTH", right},
+                    {"ABS", right},
+                    {"ANGLE", right},
+                    {"AZIMUTH", right},
+                    {"X", right},
+                    {"Y", right}});
     for (std::size_t i = 0; i < incl.getDataCount(); ++i)
         stations.add({numberText::fixed(incl.getDepthData(i), 2),
                       numberText::fixed(incl.getAbsDepthData(i), 2),
@@ -55,12 +53,12 @@ void printSurvey(const NORLEX_inclinometry& incl, bool valid) {
     stations.print();
     output::line("");
     printPairs({
-        {"altitude",                             numberText::fixed(incl.getAltitude(), 2)},
-        {"valid",                                valid ? "yes" : "no"                },
-        {"west", numberText::fixed(incl.getWMaxShift(),                                   2)  },
-        {"east", numberText::fixed(incl.getEMaxShift(),                                   2)},
-        {"north", numberText::fixed(incl.getNMaxShift(),                                   2)  },
-        {"south", numberText::fixed(incl.getSMaxShift(),                                   2)},
+        {"altitude", numberText::fixed(incl.getAltitude(), 2)},
+        {"valid", valid ? "yes" : "no"},
+        {"west", numberText::fixed(incl.getWMaxShift(), 2)},
+        {"east", numberText::fixed(incl.getEMaxShift(), 2)},
+        {"north", numberText::fixed(incl.getNMaxShift(), 2)},
+        {"south", numberText::fixed(incl.getSMaxShift(), 2)},
     });
 }
 
@@ -82,21 +80,16 @@ void printPoints(const std::vector<holePoint>& points, resultForm form) {
         json rows = json::array();
         for (const auto& p : points)
             rows.push_back({
-                {"md",  jsonOut::number(p.md) },
+                {"md", jsonOut::number(p.md)},
                 {"abs", jsonOut::number(p.abs)},
-                {"x",   jsonOut::number(p.x)  },
-                {"y",   jsonOut::number(p.y)  },
+                {"x", jsonOut::number(p.x)},
+                {"y", jsonOut::number(p.y)},
             });
         jsonOut::print(rows);
         return;
     }
     using enum table::align;
-    table rows({
-        {"MD",  right},
-        {"ABS", right},
-        {"X",   right},
-        {"Y",   right}
-    });
+    table rows({{"MD", right}, {"ABS", right}, {"X", right}, {"Y", right}});
     for (const auto& p : points)
         rows.add({numberText::fixed(p.md, 2),
                   numberText::fixed(p.abs, 2),

@@ -11,33 +11,31 @@ namespace {
 
 json wellOf(const NORLEX_wellInfo& well) {
     return {
-        {"id",         well.description.wellId                     },
-        {"object",     jsonOut::string(well.description.workObject)},
-        {"field",      jsonOut::string(well.description.field)     },
-        {"name",       jsonOut::string(well.description.name)      },
-        {"altitude",   jsonOut::number(well.altitude)              },
-        {"x",          jsonOut::number(well.x)                     },
-        {"y",          jsonOut::number(well.y)                     },
-        {"bottom",     jsonOut::number(well.bottom)                },
-        {"properties", well.properties                             },
-        {"stations",   well.stations                               },
+        {"id", well.description.wellId},
+        {"object", jsonOut::string(well.description.workObject)},
+        {"field", jsonOut::string(well.description.field)},
+        {"name", jsonOut::string(well.description.name)},
+        {"altitude", jsonOut::number(well.altitude)},
+        {"x", jsonOut::number(well.x)},
+        {"y", jsonOut::number(well.y)},
+        {"bottom", jsonOut::number(well.bottom)},
+        {"properties", well.properties},
+        {"stations", well.stations},
     };
 }
 
 void printWells(const std::vector<NORLEX_wellInfo>& wells) {
     using enum table::align;
-    table rows({
-        {"ID",         right},
-        {"OBJECT",     left },
-        {"FIELD",      left },
-        {"NAME",       left },
-        {"ALTITUDE",   right},
-        {"X",          right},
-        {"Y",          right},
-        {"BOTTOM",     right},
-        {"PROPERTIES", right},
-        {"STATIONS",   right}
-    });
+    table rows({{"ID", right},
+                {"OBJECT", left},
+                {"FIELD", left},
+                {"NAME", left},
+                {"ALTITUDE", right},
+                {"X", right},
+                {"Y", right},
+                {"BOTTOM", right},
+                {"PROPERTIES", right},
+                {"STATIONS", right}});
     for (const auto& well : wells)
         rows.add({std::to_string(well.description.wellId),
                   text::shown(well.description.workObject),

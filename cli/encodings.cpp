@@ -9,17 +9,17 @@ struct entry {
 };
 
 constexpr entry entries[] = {
-    {ts::strconv::detect,      "detect",       " detect auto "            },
-    {ts::strconv::utf8,        "utf-8",        " utf8 "                   },
-    {ts::strconv::utf16le,     "utf-16le",     " utf16le utf16 "          },
-    {ts::strconv::utf16be,     "utf-16be",     " utf16be "                },
-    {ts::strconv::utf32le,     "utf-32le",     " utf32le utf32 "          },
-    {ts::strconv::utf32be,     "utf-32be",     " utf32be "                },
-    {ts::strconv::cp866,       "cp866",        " cp866 866 ibm866 "       },
-    {ts::strconv::koi8r,       "koi8-r",       " koi8r koi8 "             },
+    {ts::strconv::detect, "detect", " detect auto "},
+    {ts::strconv::utf8, "utf-8", " utf8 "},
+    {ts::strconv::utf16le, "utf-16le", " utf16le utf16 "},
+    {ts::strconv::utf16be, "utf-16be", " utf16be "},
+    {ts::strconv::utf32le, "utf-32le", " utf32le utf32 "},
+    {ts::strconv::utf32be, "utf-32be", " utf32be "},
+    {ts::strconv::cp866, "cp866", " cp866 866 ibm866 "},
+    {ts::strconv::koi8r, "koi8-r", " koi8r koi8 "},
     {ts::strconv::windows1251, "windows-1251", " windows1251 cp1251 1251 "},
-    {ts::strconv::iso8859_1,   "iso-8859-1",   " iso88591 latin1 ascii "  },
-    {ts::strconv::iso8859_5,   "iso-8859-5",   " iso88595 "               },
+    {ts::strconv::iso8859_1, "iso-8859-1", " iso88591 latin1 ascii "},
+    {ts::strconv::iso8859_5, "iso-8859-5", " iso88595 "},
 };
 
 // Small Latin letters and digits only.

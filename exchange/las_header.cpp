@@ -221,9 +221,9 @@ void las_header::takeEntry(std::uint64_t number, std::string_view line) {
 void las_header::takeWellEntry(const lasDescription& entry) {
     const std::pair<const wchar_t*, double*> numbersOfWell[] = {
         {L"NULL", &m_file.m_nullValue},
-        {L"STRT", &m_file.m_start    },
-        {L"STOP", &m_file.m_stop     },
-        {L"STEP", &m_file.m_step     },
+        {L"STRT", &m_file.m_start},
+        {L"STOP", &m_file.m_stop},
+        {L"STEP", &m_file.m_step},
     };
     for (const auto& [mnemonic, number] : numbersOfWell)
         if (lasSections::sameWithoutCase(entry.mnemonic, mnemonic))

@@ -61,10 +61,7 @@ targets(const NORLEX_lasfileExt& file, const std::wstring& group, const exactNot
         std::wstring name = plainName(noted.empty() ? file.getCurveByIndex(i)->getName() : noted);
         if (numbers::trimmed(name).empty())
             name = L"CURVE_" + std::to_wstring(i + 1);
-        out.push_back({
-            {unused(name, used), plainGroup},
-            what::create
-        });
+        out.push_back({{unused(name, used), plainGroup}, what::create});
     }
     return out;
 }

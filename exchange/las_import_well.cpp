@@ -115,12 +115,12 @@ NORLEX_wellDescription describe(const NORLEX_lasfileExt& file,
 
 std::optional<position> positionOf(const NORLEX_lasfileExt& file) {
     static constexpr std::pair<std::wstring_view, std::wstring_view> pairs[] = {
-        {L"XCOORD",  L"YCOORD"  },
-        {L"X_COORD", L"Y_COORD" },
-        {L"XWELL",   L"YWELL"   },
-        {L"X",       L"Y"       },
+        {L"XCOORD", L"YCOORD"},
+        {L"X_COORD", L"Y_COORD"},
+        {L"XWELL", L"YWELL"},
+        {L"X", L"Y"},
         {L"EASTING", L"NORTHING"},
-        {L"EAST",    L"NORTH"   },
+        {L"EAST", L"NORTH"},
     };
     for (const auto& [east, north] : pairs) {
         const auto x = numberOf(file, east);

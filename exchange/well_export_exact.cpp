@@ -65,14 +65,12 @@ std::optional<double> sourceNull(const std::vector<NORLEX_wellProperty*>& logs) 
 std::vector<lasDescription>
 wellEntries(const NORLEX_wellDescription& well, const row_range& range, double null) {
     return {
-        {L"STRT", L"M", text(range.top),    stringTable::text(150)},
+        {L"STRT", L"M", text(range.top), stringTable::text(150)},
         {L"STOP", L"M", text(range.bottom), stringTable::text(151)},
-        {L"STEP", L"M", text(range.step),   stringTable::text(152)},
-        {L"NULL", L"",  text(null),         stringTable::text(153)},
-        readable({L"WELL", L"",  well.name,          stringTable::text(155)}
-        ),
-        readable({L"FLD",  L"",  well.field,         stringTable::text(156)}
-        ),
+        {L"STEP", L"M", text(range.step), stringTable::text(152)},
+        {L"NULL", L"", text(null), stringTable::text(153)},
+        readable({L"WELL", L"", well.name, stringTable::text(155)}),
+        readable({L"FLD", L"", well.field, stringTable::text(156)}),
     };
 }
 
@@ -128,10 +126,8 @@ void writeHeader(las_writer& out,
                  const exact_content& content,
                  const std::vector<std::wstring>& notes) {
     out.line(L"~Version Information");
-    out.block({
-        {L"VERS", L"", L"2.0", L"CWLS Log ASCII Standard - Version 2.0"},
-        {L"WRAP", L"", L"NO",  L"One line per depth step"              }
-    });
+    out.block({{L"VERS", L"", L"2.0", L"CWLS Log ASCII Standard - Version 2.0"},
+               {L"WRAP", L"", L"NO", L"One line per depth step"}});
     out.line(L"~Well Information Block");
     out.block(content.wellEntries);
     out.line(L"~Curve Information Block");

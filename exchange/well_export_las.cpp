@@ -30,12 +30,12 @@ std::vector<lasDescription> wellEntries(const NORLEX_wellDescription& well,
                                         const depth_grid& grid) {
     const std::wstring metre = L"\u041C"; // the Cyrillic capital em
     return {
-        {L"STRT", metre, twoDecimals(grid.top),    stringTable::text(150)},
+        {L"STRT", metre, twoDecimals(grid.top), stringTable::text(150)},
         {L"STOP", metre, twoDecimals(grid.bottom), stringTable::text(151)},
-        {L"STEP", metre, twoDecimals(grid.step),   stringTable::text(152)},
-        {L"NULL", L"",   L"-99999.0",              stringTable::text(153)},
-        {L"WELL", L"",   well.name,                stringTable::text(155)},
-        {L"FLD",  L"",   well.field,               stringTable::text(156)},
+        {L"STEP", metre, twoDecimals(grid.step), stringTable::text(152)},
+        {L"NULL", L"", L"-99999.0", stringTable::text(153)},
+        {L"WELL", L"", well.name, stringTable::text(155)},
+        {L"FLD", L"", well.field, stringTable::text(156)},
     };
 }
 

@@ -72,13 +72,7 @@ bool set(odbc_database& db,
                         L" AND key = ",
                         quoted(name))))
         return false;
-    if (db.affected_rows() == 0
-        && !add(db,
-                group,
-                object,
-                {
-                    {name, value}
-    }))
+    if (db.affected_rows() == 0 && !add(db, group, object, {{name, value}}))
         return false;
     return change.commit();
 }

@@ -151,16 +151,14 @@ struct index {
     std::wstring_view drop;
 };
 
-constexpr std::array<index, 3> indexes = {
-    {
-     {L"CREATE INDEX IF NOT EXISTS property_index ON property (pr_id)",
-         L"DROP INDEX IF EXISTS property_index"},
-     {L"CREATE INDEX IF NOT EXISTS field_index ON field (f_id)",
-         L"DROP INDEX IF EXISTS field_index"},
-     {L"CREATE INDEX IF NOT EXISTS val_field_index ON val (f_id)",
-         L"DROP INDEX IF EXISTS val_field_index"},
-     }
-};
+constexpr std::array<index, 3> indexes = {{
+    {L"CREATE INDEX IF NOT EXISTS property_index ON property (pr_id)",
+     L"DROP INDEX IF EXISTS property_index"},
+    {L"CREATE INDEX IF NOT EXISTS field_index ON field (f_id)",
+     L"DROP INDEX IF EXISTS field_index"},
+    {L"CREATE INDEX IF NOT EXISTS val_field_index ON val (f_id)",
+     L"DROP INDEX IF EXISTS val_field_index"},
+}};
 
 // The tables from the one named `first` on.
 constexpr std::span<const table> group(std::wstring_view first, std::size_t count) {

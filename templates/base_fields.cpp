@@ -46,28 +46,28 @@ enum : unsigned int {
 };
 
 constexpr baseField geology[] = {
-    {name,        shortName,        NORLEX_fieldTypeString,    20, 0},
+    {name, shortName, NORLEX_fieldTypeString, 20, 0},
     {description, shortDescription, NORLEX_fieldTypeBigstring, 50, 0},
 };
 constexpr baseField single[] = {
     {value, shortValue, NORLEX_fieldTypeNumeric, 10, 2},
 };
 constexpr baseField border[] = {
-    {name,  shortName,  NORLEX_fieldTypeString, 20, 0},
+    {name, shortName, NORLEX_fieldTypeString, 20, 0},
     {group, shortGroup, NORLEX_fieldTypeString, 20, 0},
 };
 constexpr baseField construction[] = {
-    {diameter,       shortDiameter,  NORLEX_fieldTypeNumeric, 10, 2},
-    {casedFrom,      shortCasedFrom, NORLEX_fieldTypeNumeric, 10, 2},
-    {casedTo,        shortCasedTo,   NORLEX_fieldTypeNumeric, 10, 2},
-    {casingDiameter, shortCasing,    NORLEX_fieldTypeNumeric, 10, 2},
-    {comment,        shortComment,   NORLEX_fieldTypeString,  50, 0},
+    {diameter, shortDiameter, NORLEX_fieldTypeNumeric, 10, 2},
+    {casedFrom, shortCasedFrom, NORLEX_fieldTypeNumeric, 10, 2},
+    {casedTo, shortCasedTo, NORLEX_fieldTypeNumeric, 10, 2},
+    {casingDiameter, shortCasing, NORLEX_fieldTypeNumeric, 10, 2},
+    {comment, shortComment, NORLEX_fieldTypeString, 50, 0},
 };
 constexpr baseField workConstruction[] = {
-    {elementType,   shortElement, NORLEX_fieldTypeBigstring, 20, 0},
-    {innerDiameter, shortInner,   NORLEX_fieldTypeNumeric,   10, 2},
-    {outerDiameter, shortOuter,   NORLEX_fieldTypeNumeric,   10, 2},
-    {comment,       shortComment, NORLEX_fieldTypeString,    50, 0},
+    {elementType, shortElement, NORLEX_fieldTypeBigstring, 20, 0},
+    {innerDiameter, shortInner, NORLEX_fieldTypeNumeric, 10, 2},
+    {outerDiameter, shortOuter, NORLEX_fieldTypeNumeric, 10, 2},
+    {comment, shortComment, NORLEX_fieldTypeString, 50, 0},
 };
 
 std::span<const baseField> fieldsOf(NORLEX_dataType type) {

@@ -13,21 +13,19 @@ struct kind {
     unsigned int displayText;
 };
 
-constexpr std::array<kind, 11> kinds = {
-    {
-     {NORLEX_dataTypeMarker, L"NORLEX_dataTypeMarker", 1},
-     {NORLEX_dataTypeInterval, L"NORLEX_dataTypeInterval", 2},
-     {NORLEX_dataTypeColumn, L"NORLEX_dataTypeColumn", 3},
-     {NORLEX_dataTypeLog, L"NORLEX_dataTypeLog", 4},
-     {NORLEX_dataTypeRastr, L"NORLEX_dataTypeRastr", 7},
-     {NORLEX_dataTypeBorder, L"NORLEX_dataTypeBorder", 8},
-     {NORLEX_dataTypeConstruction, L"NORLEX_dataTypeConstruction", 9},
-     {NORLEX_dataTypeWorkConstruction, L"NORLEX_dataTypeWorkConstruction", 10},
-     {NORLEX_dataTypeSerial, L"NORLEX_dataTypeSerial", 11},
-     {NORLEX_dataTypeVDMInterval, L"NORLEX_dataTypeVDMInterval", 431},
-     {NORLEX_dataTypeVDMAvg, L"NORLEX_dataTypeVDMAvg", 435},
-     }
-};
+constexpr std::array<kind, 11> kinds = {{
+    {NORLEX_dataTypeMarker, L"NORLEX_dataTypeMarker", 1},
+    {NORLEX_dataTypeInterval, L"NORLEX_dataTypeInterval", 2},
+    {NORLEX_dataTypeColumn, L"NORLEX_dataTypeColumn", 3},
+    {NORLEX_dataTypeLog, L"NORLEX_dataTypeLog", 4},
+    {NORLEX_dataTypeRastr, L"NORLEX_dataTypeRastr", 7},
+    {NORLEX_dataTypeBorder, L"NORLEX_dataTypeBorder", 8},
+    {NORLEX_dataTypeConstruction, L"NORLEX_dataTypeConstruction", 9},
+    {NORLEX_dataTypeWorkConstruction, L"NORLEX_dataTypeWorkConstruction", 10},
+    {NORLEX_dataTypeSerial, L"NORLEX_dataTypeSerial", 11},
+    {NORLEX_dataTypeVDMInterval, L"NORLEX_dataTypeVDMInterval", 431},
+    {NORLEX_dataTypeVDMAvg, L"NORLEX_dataTypeVDMAvg", 435},
+}};
 
 // Lithology columns were a kind of their own once; stratigraphy columns, too, but their name is
 // told by the container's upgrade alone.

@@ -17,17 +17,15 @@ struct kind {
 };
 
 // By value.
-constexpr std::array<kind, 7> kinds = {
-    {
-     {L"NORLEX_fieldTypeUnknown", 34, dsString},
-     {L"NORLEX_fieldTypeString", 30, dsString},
-     {L"NORLEX_fieldTypeBigstring", 31, dsString},
-     {L"NORLEX_fieldTypeNumeric", 32, dsReal},
-     {L"NORLEX_fieldTypeLink", 33, dsString},
-     {L"NORLEX_fieldTypeVsegei", 35, dsString},
-     {L"NORLEX_fieldTypeBoolean", 36, dsBoolean},
-     }
-};
+constexpr std::array<kind, 7> kinds = {{
+    {L"NORLEX_fieldTypeUnknown", 34, dsString},
+    {L"NORLEX_fieldTypeString", 30, dsString},
+    {L"NORLEX_fieldTypeBigstring", 31, dsString},
+    {L"NORLEX_fieldTypeNumeric", 32, dsReal},
+    {L"NORLEX_fieldTypeLink", 33, dsString},
+    {L"NORLEX_fieldTypeVsegei", 35, dsString},
+    {L"NORLEX_fieldTypeBoolean", 36, dsBoolean},
+}};
 
 const kind& kindOf(NORLEX_fieldType type) {
     const auto value = static_cast<std::size_t>(type); // a negative one is large

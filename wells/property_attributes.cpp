@@ -44,12 +44,7 @@ bool NORLEX_wellProperty::createAttribute(const std::wstring& key, const std::ws
     return edited(m_db, m_id, key, [&] {
         if (isKnown(*m_db, m_id, key))
             return refuseTaken(m_descr, key);
-        return metadata::add(*m_db,
-                             metadata::ofProperty,
-                             m_id,
-                             {
-                                 {key, value}
-        });
+        return metadata::add(*m_db, metadata::ofProperty, m_id, {{key, value}});
     });
 }
 

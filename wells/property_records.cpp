@@ -13,14 +13,12 @@ namespace propertyRecords {
 namespace {
 
 row rowOf(const odbc_result& rows) {
-    return {
-        rows.get_counter(0),
-        static_cast<std::uint32_t>(rows.get_counter(1)),
-        {rows.get_text(2), rows.get_text(3)},
-        rows.get_text(4),
-        rows.get_text(5),
-        getDataTypeByEnum(rows.get_text(6))
-    };
+    return {rows.get_counter(0),
+            static_cast<std::uint32_t>(rows.get_counter(1)),
+            {rows.get_text(2), rows.get_text(3)},
+            rows.get_text(4),
+            rows.get_text(5),
+            getDataTypeByEnum(rows.get_text(6))};
 }
 
 } // namespace

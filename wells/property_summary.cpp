@@ -19,11 +19,9 @@ namespace {
 
 // Columns 1 to 5 of a grouped row: count, top, bottom, absolute top, absolute bottom.
 summary summaryOf(const odbc_result& row) {
-    return {
-        static_cast<std::uint64_t>(row.get_counter(1)),
-        NORLEX_depthRange{
-                          row.get_double(2), row.get_double(3), row.get_double(4), row.get_double(5)}
-    };
+    return {static_cast<std::uint64_t>(row.get_counter(1)),
+            NORLEX_depthRange{
+                row.get_double(2), row.get_double(3), row.get_double(4), row.get_double(5)}};
 }
 
 using byProperty = std::map<std::int64_t, summary>;

@@ -84,8 +84,8 @@ TEST(FullDisk, limitsOnFilesUndoTheImport) {
         const char* input;
         std::uintmax_t limit;
     } const cases[] = {
-        {"no room for samples", "large.las", 1'000'000          },
-        {"no room for rows",    "small.las", fs::file_size(path)},
+        {"no room for samples", "large.las", 1'000'000},
+        {"no room for rows", "small.las", fs::file_size(path)},
     };
     for (const auto& c : cases) {
         NORLEX_lasImport import(container->getBaseLink(), {});

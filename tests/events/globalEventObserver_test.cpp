@@ -54,7 +54,7 @@ TEST(GlobalEventObserverTest, announcesEveryOperation) {
         NORLEX_propDescription newProperty;
         unsigned int scope;
     } const cases[] = {
-  // clang-format off
+        // clang-format off
         {"createWell", [&] { o.createWell(path, well); }, 1, 1, well, empty, {}, empty, 0},
         {"deleteWell", [&] { o.deleteWell(path, well); }, 1, 2, well, empty, {}, empty, 0},
         {"renameWell", [&] { o.renameWell(path, well, well2); }, 1, 3, well, empty, {L"object2", L"field2", L"name2"}, empty, 0},
@@ -88,7 +88,7 @@ TEST(GlobalEventObserverTest, announcesEveryOperation) {
         {"updateFilter", [&] { o.updateFilter(path, L"a"); }, 5, 4, none, empty, {L"a"}, empty, 0},
         {"renameFilter", [&] { o.renameFilter(path, L"a", L"b"); }, 5, 3, none, empty, {L"a", L"b"}, empty, 0},
         {"deleteFilter", [&] { o.deleteFilter(path, L"a"); }, 5, 2, none, empty, {L"a"}, empty, 0},
-  // clang-format on
+        // clang-format on
     };
     for (const auto& c : cases) {
         const listener one;
@@ -154,8 +154,8 @@ TEST(GlobalEventObserverTest, forgetsDestroyedSubscribers) {
         const char* where;
         std::function<void()> prune;
     } const cases[] = {
-        {"a post",         [] { observer().updateGlobal(0, L""); }},
-        {"a subscription", [] { const listener other; }           },
+        {"a post", [] { observer().updateGlobal(0, L""); }},
+        {"a subscription", [] { const listener other; }},
         {"an unsubscribe", [] { observer().unsubscribe(nullptr); }},
     };
     for (const auto& c : cases) {

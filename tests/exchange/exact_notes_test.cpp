@@ -8,10 +8,7 @@ TEST(ExactNotes, areSpelledInLines) {
     notes given;
     given.nullsAreNoSamples = true;
     given.wellName = L"a:b";
-    given.curves = {
-        {L"GR", {},    {}},
-        {L"_A", L"~A", {}}
-    };
+    given.curves = {{L"GR", {}, {}}, {L"_A", L"~A", {}}};
     for (const std::uint32_t row : {0U, 1U, 2U, 4U})
         given.curves[0].missing.add(row);
     std::vector<std::wstring> lines;
@@ -54,9 +51,7 @@ TEST(ExactNotes, otherLinesSayNothing) {
 TEST(ExactNotes, refusesMoreThanAMillionGaps) {
     notes given;
     given.nullsAreNoSamples = true;
-    given.curves = {
-        {L"GR", {}, {}}
-    };
+    given.curves = {{L"GR", {}, {}}};
     for (std::uint32_t row = 0; row <= 2'000'000; row += 2)
         given.curves[0].missing.add(row);
     std::vector<std::wstring> lines;

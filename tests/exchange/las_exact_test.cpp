@@ -78,44 +78,22 @@ TEST_F(LasExactTest, comesBackToTheLastBit) {
     ASSERT_TRUE(well->setAltitude(127.35));
     add(L"GK",
         {
-            {1000.1,    0.1                                },
-            {1000.1524, 1.0 / 3.0                          },
-            {1000.3048, none                               },
-            {1000.3048, -0.0                               },
-            {1000.4572, 5e-324                             },
-            {1000.61,   1.7e308                            },
+            {1000.1, 0.1},
+            {1000.1524, 1.0 / 3.0},
+            {1000.3048, none},
+            {1000.3048, -0.0},
+            {1000.4572, 5e-324},
+            {1000.61, 1.7e308},
             {1000.7624, -std::numeric_limits<double>::max()},
-            {1000.9,    -999.250001                        }, // as good as -999.25 to a reader
-    });
+            {1000.9, -999.250001}, // as good as -999.25 to a reader
+        });
     roundTrip("one log");
     // Values that a usual null value would hide.
-    add(L"DS",
-        {
-            {1000.1, -999.25    },
-            {1000.2, -999.250001},
-            {1000.3, -9999.25   },
-            {1000.4, none       }
-    });
+    add(L"DS", {{1000.1, -999.25}, {1000.2, -999.250001}, {1000.3, -9999.25}, {1000.4, none}});
     roundTrip("two depth columns");
-    add(L"every second",
-        {
-            {1000.1,    none},
-            {1000.3048, 1.0 },
-            {1000.4572, none},
-            {1000.7624, 2.0 }
-    });
-    add(L"nothing but gaps",
-        {
-            {999.0,  none},
-            {1000.2, none},
-            {1001.0, none}
-    });
-    add(L"above",
-        {
-            {-5.0, 1.0},
-            {0.0,  2.0},
-            {1e-9, 3.0}
-    });
+    add(L"every second", {{1000.1, none}, {1000.3048, 1.0}, {1000.4572, none}, {1000.7624, 2.0}});
+    add(L"nothing but gaps", {{999.0, none}, {1000.2, none}, {1001.0, none}});
+    add(L"above", {{-5.0, 1.0}, {0.0, 2.0}, {1e-9, 3.0}});
     roundTrip("samples without a value beside rows without a sample");
 }
 
@@ -133,30 +111,15 @@ TEST_F(LasExactTest, namesThatAreNoMnemonicsComeBack) {
                                    L"CURVE 1 x NAME y",
                                    L"..",
                                    L"tab\there"})
-        add(name,
-            {
-                {1.0, 1.0 },
-                {2.0, none}
-        });
+        add(name, {{1.0, 1.0}, {2.0, none}});
     ASSERT_TRUE(logs.back()->setAttribute(L"UNITS", L"om m:~C"));
     ASSERT_TRUE(logs.back()->setAttribute(L"WELL.X~A", L"\x1F~A 1:2\x1Fx~A: y"));
     roundTrip("names");
 }
 
 TEST_F(LasExactTest, unsortedLogsAreWrittenByDepth) {
-    add(L"up",
-        {
-            {30.0, 3.0},
-            {20.0, 2.0},
-            {10.0, 1.0}
-    });
-    add(L"mixed",
-        {
-            {30.0, 3.0 },
-            {10.0, 1.0 },
-            {30.0, 4.0 },
-            {20.0, none}
-    });
+    add(L"up", {{30.0, 3.0}, {20.0, 2.0}, {10.0, 1.0}});
+    add(L"mixed", {{30.0, 3.0}, {10.0, 1.0}, {30.0, 4.0}, {20.0, none}});
     const std::wstring path = folder / L"exact.las";
     ASSERT_TRUE(well->exportLASExact(path, {logs[0].get(), logs[1].get()})) << lastError();
     const std::string text = temp_folder::read(path);
@@ -195,9 +158,7 @@ TEST_F(LasExactTest, keepsTheSourceFilesHeader) {
                                    "\n1 -777.5 10\n1.5 3 -777.5\n2 4 11\n"})
         EXPECT_NE(text.find(line), std::string::npos) << line << "in\n" << text;
     EXPECT_EQ(text.find("~Other"), std::string::npos) << text;
-    ASSERT_TRUE(gr->setSamples({
-        {1.0, -1.0, -777.5}
-    }));
+    ASSERT_TRUE(gr->setSamples({{1.0, -1.0, -777.5}}));
     ASSERT_TRUE(sourceWell.exportLASExact(out, {gr.get()})) << lastError();
     EXPECT_NE(temp_folder::read(out).find("NULL. -999.25 : "), std::string::npos)
         << "a sample has the source file's null value";

@@ -71,22 +71,10 @@ protected:
 // row 100.0 is above it, row 100.1 is the middle of 10 and 20, the others have a missing sample
 // below or above them. Row 100.4 would be below the bottom.
 TEST_F(LasExportTest, writesTheseBytes) {
-    auto* const gk = add(L"GK",
-                         L"Гамма",
-                         {
-                             {100.0, 1.0    },
-                             {100.1, none   },
-                             {100.2, 2.5    },
-                             {100.3, -0.0004}
-    });
-    auto* const ps = add(L"PS",
-                         L"",
-                         {
-                             {100.05, 10.0},
-                             {100.15, 20.0},
-                             {100.25, none},
-                             {100.35, 5.0 }
-    });
+    auto* const gk =
+        add(L"GK", L"Гамма", {{100.0, 1.0}, {100.1, none}, {100.2, 2.5}, {100.3, -0.0004}});
+    auto* const ps =
+        add(L"PS", L"", {{100.05, 10.0}, {100.15, 20.0}, {100.25, none}, {100.35, 5.0}});
     ASSERT_TRUE(gk->setAttribute(L"UNITS", L"мкР/ч"));
     ASSERT_TRUE(ps->setAttribute(L"UNITS", L"mV"));
     ASSERT_TRUE(gk->setAttribute(L"WELL.COMP",
@@ -146,11 +134,11 @@ TEST_F(LasExportTest, takesTheGridFromTheLogs) {
         long rows;
         const char* step;
     } const cases[] = {
-        {"the first log's step, fine",            {fine, coarse},   11, "STEP.М     0.10 : "},
-        {"the first log's step, coarse",          {coarse, fine},   6,  "STEP.М     0.20 : "},
-        {"from the first top to the last bottom", {coarse, deeper}, 9,  "STEP.М     0.20 : "},
-        {"upwards: the bottom is above the top",  {up},             0,  "STEP.М    -1.00 : "},
-        {"upwards, but with a deeper log",        {up, fine},       7,  "STEP.М     1.00 : "},
+        {"the first log's step, fine", {fine, coarse}, 11, "STEP.М     0.10 : "},
+        {"the first log's step, coarse", {coarse, fine}, 6, "STEP.М     0.20 : "},
+        {"from the first top to the last bottom", {coarse, deeper}, 9, "STEP.М     0.20 : "},
+        {"upwards: the bottom is above the top", {up}, 0, "STEP.М    -1.00 : "},
+        {"upwards, but with a deeper log", {up, fine}, 7, "STEP.М     1.00 : "},
     };
     // The last: top 10.0 (fine's), bottom 16.0 (up's last sample), step |-1|.
     for (const auto& c : cases) {
@@ -164,38 +152,11 @@ TEST_F(LasExportTest, takesTheGridFromTheLogs) {
 }
 
 TEST_F(LasExportTest, degenerateRangesLeaveNoFileOrFiveLines) {
-    auto* const twins = add(L"twins",
-                            L"",
-                            {
-                                {5.0, 1.0},
-                                {5.0, 2.0},
-                                {6.0, 3.0}
-    });
-    auto* const single = add(L"single",
-                             L"",
-                             {
-                                 {5.0, 1.0}
-    });
-    auto* const thin = add(L"thin",
-                           L"",
-                           {
-                               {5.001, 1.0},
-                               {5.004, 2.0}
-    });
-    auto* const dense = add(L"dense",
-                            L"",
-                            {
-                                {5.0,   1.0},
-                                {5.004, 2.0},
-                                {7.0,   2.0}
-    });
-    auto* const endless = add(L"endless",
-                              L"",
-                              {
-                                  {0.0,  1.0},
-                                  {0.01, 2.0},
-                                  {1e12, 2.0}
-    });
+    auto* const twins = add(L"twins", L"", {{5.0, 1.0}, {5.0, 2.0}, {6.0, 3.0}});
+    auto* const single = add(L"single", L"", {{5.0, 1.0}});
+    auto* const thin = add(L"thin", L"", {{5.001, 1.0}, {5.004, 2.0}});
+    auto* const dense = add(L"dense", L"", {{5.0, 1.0}, {5.004, 2.0}, {7.0, 2.0}});
+    auto* const endless = add(L"endless", L"", {{0.0, 1.0}, {0.01, 2.0}, {1e12, 2.0}});
     auto* const fine = addEvery(L"fine", 10.0, 0.1, 11);
     ASSERT_TRUE(well->createProperty(NORLEX_dataTypeLog, {L"new", L"A"})) << lastError();
     auto* const bare = logs.emplace_back(well->openProperty({L"new", L"A"})).get();
@@ -203,13 +164,13 @@ TEST_F(LasExportTest, degenerateRangesLeaveNoFileOrFiveLines) {
         const char* where;
         std::vector<NORLEX_wellProperty*> list;
     } const without[] = {
-        {"no log",                              {}             },
-        {"the first two samples share a depth", {twins}        },
-        {"one sample has no step",              {single}       },
-        {"the first log has no sample",         {bare, fine}   },
-        {"a step that rounds to 0",             {dense}        },
-        {"more rows than any well has",         {endless}      },
-        {"a missing log",                       {fine, nullptr}},
+        {"no log", {}},
+        {"the first two samples share a depth", {twins}},
+        {"one sample has no step", {single}},
+        {"the first log has no sample", {bare, fine}},
+        {"a step that rounds to 0", {dense}},
+        {"more rows than any well has", {endless}},
+        {"a missing log", {fine, nullptr}},
     };
     for (const auto& c : without) {
         EXPECT_EQ(exported(c.list), "no file") << c.where;
@@ -231,12 +192,7 @@ TEST_F(LasExportTest, degenerateRangesLeaveNoFileOrFiveLines) {
 TEST_F(LasExportTest, failedWritesAreToldAndLeaveTheOldFile) {
     auto* const fine = addEvery(L"fine", 10.0, 0.1, 11);
     const std::wstring old = folder.write(L"old.las", "old");
-    auto* const twins = add(L"twins",
-                            L"",
-                            {
-                                {5.0, 1.0},
-                                {5.0, 2.0}
-    });
+    auto* const twins = add(L"twins", L"", {{5.0, 1.0}, {5.0, 2.0}});
     well->exportLAS(old, {twins});
     EXPECT_EQ(temp_folder::read(old), "old");
     well->exportLAS(folder / L"none/out.las", {fine});

@@ -46,17 +46,18 @@ TEST_F(LasImportTest, storesSortedMetresWithAbsoluteDepths) {
         const char* rows;
         std::vector<NORLEX_logSample> want;
     } const cases[] = {
-        {"as it stands",                      "M",      "1 10\n2 20\n",                            list({1, 99, 10, 2, 98, 20})                  },
-        {"feet",                              "ft",     "10 1\n20 2\n",                            list({3.048, 96.952, 1, 6.096, 93.904, 2})    },
-        {"feet in brackets",                  "[FEET]", "10 1\n",                                  list({3.048, 96.952, 1})                      },
-        {"no length at all",                  "S",      "1 10\n",                                  list({1, 99, 10})                             },
-        {"upwards",                           "M",      "3 30\n2 20\n1 10\n",                      list({1, 99, 10, 2, 98, 20, 3, 97, 30})       },
-        {"upwards, a depth twice",            "M",      "2 1\n2 2\n1 3\n",                         list({1, 99, 3, 2, 98, 1, 2, 98, 2})          },
-        {"mixed",                             "M",      "2 1\n3 2\n1 3\n2 4\n",                    list({1, 99, 3, 2, 98, 1, 2, 98, 4, 3, 97, 2})},
+        {"as it stands", "M", "1 10\n2 20\n", list({1, 99, 10, 2, 98, 20})},
+        {"feet", "ft", "10 1\n20 2\n", list({3.048, 96.952, 1, 6.096, 93.904, 2})},
+        {"feet in brackets", "[FEET]", "10 1\n", list({3.048, 96.952, 1})},
+        {"no length at all", "S", "1 10\n", list({1, 99, 10})},
+        {"upwards", "M", "3 30\n2 20\n1 10\n", list({1, 99, 10, 2, 98, 20, 3, 97, 30})},
+        {"upwards, a depth twice", "M", "2 1\n2 2\n1 3\n", list({1, 99, 3, 2, 98, 1, 2, 98, 2})},
+        {"mixed", "M", "2 1\n3 2\n1 3\n2 4\n", list({1, 99, 3, 2, 98, 1, 2, 98, 4, 3, 97, 2})},
         {"null, close to it, and not",
-         "M",                                           "1 -999.25\n2 -999.249995\n3 -999.2499\n",
-         list({1, 99, none, 2, 98, none, 3, 97, -999.2499})                                                                                      },
-        {"above the reference: the altitude", "M",      "-1 5\n",                                  list({-1, 100, 5})                            },
+         "M",
+         "1 -999.25\n2 -999.249995\n3 -999.2499\n",
+         list({1, 99, none, 2, 98, none, 3, 97, -999.2499})},
+        {"above the reference: the altitude", "M", "-1 5\n", list({-1, 100, 5})},
     };
     NORLEX_lasImportOptions options;
     options.onExisting = NORLEX_onExisting::replace;
@@ -82,13 +83,13 @@ TEST_F(LasImportTest, findsTheWellByWhatTheFileSays) {
         const wchar_t* field;
         const wchar_t* name;
     } const cases[] = {
-        {"WELL and FLD",             "WELL. 7 : n\nFLD. F : f\n",   L"",  L"F", L"7"     },
-        {"the option's field",       "WELL. 8 : n\nFLD. F : f\n",   L"G", L"G", L"8"     },
-        {"no WELL: UWI",             "UWI. 100/01 : id\n",          L"",  L"",  L"100/01"},
-        {"an empty WELL: API",       "WELL. : n\nAPI. 42 : id\n",   L"",  L"",  L"42"    },
-        {"nothing: the file's stem", "",                            L"",  L"",  L"in put"},
-        {"an apostrophe and a tab",  "WELL. 'a\tb' : n\n",          L"",  L"",  L"ab"    },
-        {"only apostrophes",         "WELL. '' : n\nUWI. u : id\n", L"",  L"",  L"u"     },
+        {"WELL and FLD", "WELL. 7 : n\nFLD. F : f\n", L"", L"F", L"7"},
+        {"the option's field", "WELL. 8 : n\nFLD. F : f\n", L"G", L"G", L"8"},
+        {"no WELL: UWI", "UWI. 100/01 : id\n", L"", L"", L"100/01"},
+        {"an empty WELL: API", "WELL. : n\nAPI. 42 : id\n", L"", L"", L"42"},
+        {"nothing: the file's stem", "", L"", L"", L"in put"},
+        {"an apostrophe and a tab", "WELL. 'a\tb' : n\n", L"", L"", L"ab"},
+        {"only apostrophes", "WELL. '' : n\nUWI. u : id\n", L"", L"", L"u"},
     };
     for (const auto& c : cases) {
         NORLEX_lasImportOptions options;
@@ -128,17 +129,17 @@ TEST_F(LasImportTest, takesPositionAndAltitudeOfANewWell) {
         double y;
         double altitude;
     } const cases[] = {
-        {"nothing",                          "",                                                        0,       0,    0    },
-        {"metres",                           "XCOORD.M 500.5 : x\nYCOORD.M 600 : y\nEKB.M 12.5 : kb\n", 500.5,   600,  12.5 },
-        {"an elevation in feet",             "KB.FT 100 : kb\n",                                        0,       0,    30.48},
-        {"the reference before the ground",  "EGL.M 90 : g\nEREF.M 95 : r\n",                           0,       0,    95   },
-        {"the ground where nothing else is", "EGL.M 90 : g\nEKB.M : kb\n",                              0,       0,    90   },
-        {"an absent value",                  "EKB.M -999.25 : kb\nGL.M 3 : g\n",                        0,       0,    3    },
-        {"no unit of length",                "ELEV.OHMM 90 : e\n",                                      0,       0,    0    },
-        {"half a pair",                      "X. 5 : x\nEASTING. 1 : e\nNORTHING. 2 : n\n",             1,       2,    0    },
-        {"decimal degrees",                  "LATI.DEG 34.5 : la\nLONG.DEG -102.25 : lo\n",             -102.25, 34.5, 0    },
-        {"degrees and minutes",              "LATI.DEG 53 42' 18\" : la\nLONG.DEG 04 36' : lo\n",       0,       0,    0    },
-        {"degrees behind coordinates",       "LAT. 1 : a\nLON. 2 : o\nX. 3 : x\nY. 4 : y\n",            3,       4,    0    },
+        {"nothing", "", 0, 0, 0},
+        {"metres", "XCOORD.M 500.5 : x\nYCOORD.M 600 : y\nEKB.M 12.5 : kb\n", 500.5, 600, 12.5},
+        {"an elevation in feet", "KB.FT 100 : kb\n", 0, 0, 30.48},
+        {"the reference before the ground", "EGL.M 90 : g\nEREF.M 95 : r\n", 0, 0, 95},
+        {"the ground where nothing else is", "EGL.M 90 : g\nEKB.M : kb\n", 0, 0, 90},
+        {"an absent value", "EKB.M -999.25 : kb\nGL.M 3 : g\n", 0, 0, 3},
+        {"no unit of length", "ELEV.OHMM 90 : e\n", 0, 0, 0},
+        {"half a pair", "X. 5 : x\nEASTING. 1 : e\nNORTHING. 2 : n\n", 1, 2, 0},
+        {"decimal degrees", "LATI.DEG 34.5 : la\nLONG.DEG -102.25 : lo\n", -102.25, 34.5, 0},
+        {"degrees and minutes", "LATI.DEG 53 42' 18\" : la\nLONG.DEG 04 36' : lo\n", 0, 0, 0},
+        {"degrees behind coordinates", "LAT. 1 : a\nLON. 2 : o\nX. 3 : x\nY. 4 : y\n", 3, 4, 0},
     };
     int number = 0;
     for (const auto& c : cases) {
@@ -201,12 +202,12 @@ TEST_F(LasImportTest, existingLogsFailAreSkippedOrReplaced) {
         double gr; // first value of GR afterwards
         bool sp;   // whether SP is there afterwards
     } const cases[] = {
-        {NORLEX_onExisting::fail,    true,  false, 0, 10, false},
-        {NORLEX_onExisting::fail,    false, false, 0, 10, false},
-        {NORLEX_onExisting::skip,    true,  true,  1, 10, false},
-        {NORLEX_onExisting::replace, true,  true,  2, 10, false},
-        {NORLEX_onExisting::skip,    false, true,  1, 10, true },
-        {NORLEX_onExisting::replace, false, true,  2, 11, true },
+        {NORLEX_onExisting::fail, true, false, 0, 10, false},
+        {NORLEX_onExisting::fail, false, false, 0, 10, false},
+        {NORLEX_onExisting::skip, true, true, 1, 10, false},
+        {NORLEX_onExisting::replace, true, true, 2, 10, false},
+        {NORLEX_onExisting::skip, false, true, 1, 10, true},
+        {NORLEX_onExisting::replace, false, true, 2, 11, true},
     };
     const NORLEX_wellDescription named{L"", L"F", L"W"};
     for (std::size_t i = 0; i < std::size(cases); ++i) {
@@ -254,12 +255,12 @@ TEST_F(LasImportTest, refusalsNameTheReasonAndLeaveNothing) {
         std::wstring path;
         const char* says;
     } const cases[] = {
-        {"no file",                        folder / L"none.las", "none.las"    },
-        {"no log",                         text,                 "~"           },
-        {"only a depth",                   onlyDepth,            "no curve"    },
-        {"a header alone",                 noRows,               "no data rows"},
-        {"a name that no folder can have", longWell,             "240"         },
-        {"the second log's name",          longCurve,            "240"         },
+        {"no file", folder / L"none.las", "none.las"},
+        {"no log", text, "~"},
+        {"only a depth", onlyDepth, "no curve"},
+        {"a header alone", noRows, "no data rows"},
+        {"a name that no folder can have", longWell, "240"},
+        {"the second log's name", longCurve, "240"},
     };
     for (const auto& c : cases)
         for (const bool dryRun : {true, false}) {
@@ -302,11 +303,9 @@ TEST_F(LasImportTest, announcesAfterTheCommit) {
     options.group = L"again";
     ASSERT_TRUE(import(simple("W"), options).ok) << lastError();
     EXPECT_FALSE(import(simple("W")).ok);
-    const std::vector<std::pair<int, int>> want = {
-        {eventKind::well,     eventAction::create},
-        {eventKind::property, eventAction::create},
-        {eventKind::property, eventAction::create},
-        {eventKind::well,     eventAction::update}
-    };
+    const std::vector<std::pair<int, int>> want = {{eventKind::well, eventAction::create},
+                                                   {eventKind::property, eventAction::create},
+                                                   {eventKind::property, eventAction::create},
+                                                   {eventKind::well, eventAction::update}};
     EXPECT_EQ(seen, want);
 }

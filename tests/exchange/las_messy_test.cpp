@@ -10,14 +10,14 @@ TEST_F(LasTextTest, refusesWhatIsNoLog) {
         std::string text;
         const wchar_t* reason; // a part of it
     } const cases[] = {
-        {"empty",                "",                         L"it is empty"                },
-        {"laser scan",           std::string("LASF\0\0\1\2", 8),                             L"point cloud"},
-        {"binary",                      std::string("~V\n\0\1\2\3\377x~A",                                         11),                 L"zero bytes"},
-        {"another text",         "first line\nsecond line\n",                                   L"begins with \"~\""                                   },
-        {"a tag after a megabyte",  std::string(1'200'000,'\n') + "~A\n",L"begins with \"~\""},
-        {"no line ends",        std::string(3'000'000,                     '7'),                                                                                      L"longer than 1 MB"},
-        {"an endless header","~O\n" + std::string(17'000'000,'\n'),L"longer than 16 MB"},
-        {"more curves than there are",    manyCurves + "~A\n",      L"more than 65536"                                   },
+        {"empty", "", L"it is empty"},
+        {"laser scan", std::string("LASF\0\0\1\2", 8), L"point cloud"},
+        {"binary", std::string("~V\n\0\1\2\3\377x~A", 11), L"zero bytes"},
+        {"another text", "first line\nsecond line\n", L"begins with \"~\""},
+        {"a tag after a megabyte", std::string(1'200'000, '\n') + "~A\n", L"begins with \"~\""},
+        {"no line ends", std::string(3'000'000, '7'), L"longer than 1 MB"},
+        {"an endless header", "~O\n" + std::string(17'000'000, '\n'), L"longer than 16 MB"},
+        {"more curves than there are", manyCurves + "~A\n", L"more than 65536"},
     };
     for (const auto& c : cases) {
         EXPECT_FALSE(read(c.text).isOK()) << c.where;
@@ -36,19 +36,20 @@ TEST_F(LasTextTest, readsDataHoweverTheyAreSeparated) {
         const char* title;
         std::string data;
     } const cases[] = {
-        {"blanks",           "",               "~A",            "100 1.5 2.5\n 100.5  -3 4E3 \n101 5 -999.25\n"    },
-        {"lower-case title", "",               "  ~a DEPT A B", "100 1.5 2.5\n100.5 -3 4000\n101 5 -999.25\n"      },
-        {"tabs",             "",               "~Ascii",        "\t100\t1.5\t2.5\n100.5\t-3\t4000\n101\t5\t-999.25"},
-        {"CR LF",            "",               "~A",            "100 1.5 2.5\r\n100.5 -3 4000\r\n101 5 -999.25\r\n"},
-        {"no last line end", "",               "~A",            "100 1.5 2.5\n100.5 -3 4000\n101 5 -999.25"        },
-        {"commas",           "",               "~A",            "100,1.5,2.5\n100.5, -3 ,4000\n101,5,-999.25\n"    },
+        {"blanks", "", "~A", "100 1.5 2.5\n 100.5  -3 4E3 \n101 5 -999.25\n"},
+        {"lower-case title", "", "  ~a DEPT A B", "100 1.5 2.5\n100.5 -3 4000\n101 5 -999.25\n"},
+        {"tabs", "", "~Ascii", "\t100\t1.5\t2.5\n100.5\t-3\t4000\n101\t5\t-999.25"},
+        {"CR LF", "", "~A", "100 1.5 2.5\r\n100.5 -3 4000\r\n101 5 -999.25\r\n"},
+        {"no last line end", "", "~A", "100 1.5 2.5\n100.5 -3 4000\n101 5 -999.25"},
+        {"commas", "", "~A", "100,1.5,2.5\n100.5, -3 ,4000\n101,5,-999.25\n"},
         {"DLM COMMA",
-         "DLM. COMMA :\n",                     "~Log_Data | x",
-         "100,1.5,2.5\n100.5,\"-3\",4000\n101,5,\n"                                                                },
-        {"DLM COMMA, wrong", "DLM. COMMA :\n", "~A",            "100 1.5 2.5\n100.5 -3 4000\n101 5 -999.25\n"      },
-        {"DLM TAB, empty",   "DLM. TAB :\n",   "~A",            "100\t1.5\t2.5\n100.5\t-3\t4000\n101\t5\t\n"       },
-        {"decimal comma",    "",               "~A",            "100 1,5 2,5\n100,5 -3 4000\n101 5 -999,25\n"      },
-        {"one comma only",   "",               "~A",            "100 1.5 2,5\n100.5 -3 4000\n101 5 -999.25\n"      },
+         "DLM. COMMA :\n",
+         "~Log_Data | x",
+         "100,1.5,2.5\n100.5,\"-3\",4000\n101,5,\n"},
+        {"DLM COMMA, wrong", "DLM. COMMA :\n", "~A", "100 1.5 2.5\n100.5 -3 4000\n101 5 -999.25\n"},
+        {"DLM TAB, empty", "DLM. TAB :\n", "~A", "100\t1.5\t2.5\n100.5\t-3\t4000\n101\t5\t\n"},
+        {"decimal comma", "", "~A", "100 1,5 2,5\n100,5 -3 4000\n101 5 -999,25\n"},
+        {"one comma only", "", "~A", "100 1.5 2,5\n100.5 -3 4000\n101 5 -999.25\n"},
     };
     for (const auto& c : cases) {
         const auto file =
@@ -66,29 +67,35 @@ TEST_F(LasTextTest, listsTheLinesItSkips) {
         std::vector<std::wstring> skipped;
     } const cases[] = {
         {"one field too few or too many",
-         "1 2 3\n2 3\n3 4 5 6\n4 5 6\n",                          "1:2,3;4:5,6",
-         {L"13 2 fields, a depth step has 3", L"14 4 fields, a depth step has 3"}                                                    },
+         "1 2 3\n2 3\n3 4 5 6\n4 5 6\n",
+         "1:2,3;4:5,6",
+         {L"13 2 fields, a depth step has 3", L"14 4 fields, a depth step has 3"}},
         {"text for a value",
-         "1 N/A 3\n2 -1.#IND (null)\n",                           "1:-999.25,3;2:-999.25,-999.25",
+         "1 N/A 3\n2 -1.#IND (null)\n",
+         "1:-999.25,3;2:-999.25,-999.25",
          {L"12 value \"N/A\" of curve A is no number",
-          L"13 value \"-1.#IND\" of curve A is no number, nor are 1 more of the line"}                                               },
+          L"13 value \"-1.#IND\" of curve A is no number, nor are 1 more of the line"}},
         {"not finite",
-         "1 nan 3\n2 1e999 inf\n",                                "1:-999.25,3;2:-999.25,-999.25",
+         "1 nan 3\n2 1e999 inf\n",
+         "1:-999.25,3;2:-999.25,-999.25",
          {L"12 value \"nan\" of curve A is no number",
-          L"13 value \"1e999\" of curve A is no number, nor are 1 more of the line"}                                                 },
-        {"text for a depth",                  "--1 2 3\n2 3 4\n", "2:3,4",                         {L"12 depth \"--1\" is no number"}},
+          L"13 value \"1e999\" of curve A is no number, nor are 1 more of the line"}},
+        {"text for a depth", "--1 2 3\n2 3 4\n", "2:3,4", {L"12 depth \"--1\" is no number"}},
         {"a thousands separator",
-         "1 1,234.5 3\n",                                         "1:-999.25,3",
-         {L"12 value \"1,234.5\" of curve A is no number"}                                                                           },
+         "1 1,234.5 3\n",
+         "1:-999.25,3",
+         {L"12 value \"1,234.5\" of curve A is no number"}},
         {"wrapped, though WRAP says NO",
-         "1\n2 3\n2\n3 4\n",                                      "",
+         "1\n2 3\n2\n3 4\n",
+         "",
          {L"12 1 fields, a depth step has 3",
           L"13 2 fields, a depth step has 3",
           L"14 1 fields, a depth step has 3",
-          L"15 2 fields, a depth step has 3"}                                                                                        },
+          L"15 2 fields, a depth step has 3"}},
         {"comments and blank lines are none",
-         "# c\n\n 1 2 3\n  # c\n\t\n2 3 4\n",                     "1:2,3;2:3,4",
-         {}                                                                                                                          },
+         "# c\n\n 1 2 3\n  # c\n\t\n2 3 4\n",
+         "1:2,3;2:3,4",
+         {}},
     };
     for (const auto& c : cases) {
         const auto file = read(twoCurves(c.data));
@@ -170,16 +177,16 @@ TEST_F(LasTextTest, readsAnyEncoding) {
         encodings written;
         encodings asked;
     } const cases[] = {
-        {"UTF-8",                 "",                         utf8,    detect                      },
-        {"UTF-8 with a mark",     "\xEF\xBB\xBF",             utf8,    detect                      },
-        {"UTF-16 LE",             "",                         utf16le, detect                      },
-        {"UTF-16 LE with a mark", "\xFF\xFE",                 utf16le, detect                      },
-        {"UTF-16 BE with a mark", "\xFE\xFF",                 utf16be, detect                      },
-        {"UTF-32 BE with a mark", std::string("\0\0\xFE\xFF", 4),      utf32be,                      detect},
-        {"windows-1251",                       "",                                    windows1251,                   detect},
-        {"CP866",                       "",                                           cp866,                          detect      },
-        {"windows-1251, as told",                       "",                           windows1251,          windows1251},
-        {"CP866, as told",                       "",                                  cp866,                 cp866            },
+        {"UTF-8", "", utf8, detect},
+        {"UTF-8 with a mark", "\xEF\xBB\xBF", utf8, detect},
+        {"UTF-16 LE", "", utf16le, detect},
+        {"UTF-16 LE with a mark", "\xFF\xFE", utf16le, detect},
+        {"UTF-16 BE with a mark", "\xFE\xFF", utf16be, detect},
+        {"UTF-32 BE with a mark", std::string("\0\0\xFE\xFF", 4), utf32be, detect},
+        {"windows-1251", "", windows1251, detect},
+        {"CP866", "", cp866, detect},
+        {"windows-1251, as told", "", windows1251, windows1251},
+        {"CP866, as told", "", cp866, cp866},
     };
     for (const auto& c : cases) {
         const auto file = read(c.mark + encode(text, c.written), false, c.asked);

@@ -89,27 +89,27 @@ TEST(LasNumber, takesWhatIsSpelledAsANumberAndNoMore) {
         double value;
         std::size_t length;
     } const cases[] = {
-        {"12.5 7",             true,  12.5,   4 },
-        {".5\n",               true,  0.5,    2 },
-        {"-.5\t",              true,  -0.5,   3 },
-        {"5.,",                true,  5.0,    2 },
-        {"+7 ",                true,  7.0,    2 },
-        {"1e3x",               true,  1000.0, 3 },
-        {"1e x",               true,  1.0,    1 }, // an "e" without digits is not of the number
-        {"1e+",                true,  1.0,    1 },
-        {"1.2.3",              true,  1.2,    3 },
-        {"1e-400 ",            true,  0.0,    6 }, // below the smallest double
-        {"0.0000001e-9999 ",   true,  0.0,    15},
-        {"-",                  false, 0.0,    0 },
-        {".",                  false, 0.0,    0 },
-        {"e5",                 false, 0.0,    0 },
-        {"--1",                false, 0.0,    0 },
-        {"+-1",                false, 0.0,    0 },
-        {"nan",                false, 0.0,    0 },
-        {"inf",                false, 0.0,    0 },
-        {"-Infinity",          false, 0.0,    0 },
-        {"1e400 ",             false, 0.0,    0 }, // beyond the largest double
-        {"-12345e99999999999", false, 0.0,    0 },
+        {"12.5 7", true, 12.5, 4},
+        {".5\n", true, 0.5, 2},
+        {"-.5\t", true, -0.5, 3},
+        {"5.,", true, 5.0, 2},
+        {"+7 ", true, 7.0, 2},
+        {"1e3x", true, 1000.0, 3},
+        {"1e x", true, 1.0, 1}, // an "e" without digits is not of the number
+        {"1e+", true, 1.0, 1},
+        {"1.2.3", true, 1.2, 3},
+        {"1e-400 ", true, 0.0, 6}, // below the smallest double
+        {"0.0000001e-9999 ", true, 0.0, 15},
+        {"-", false, 0.0, 0},
+        {".", false, 0.0, 0},
+        {"e5", false, 0.0, 0},
+        {"--1", false, 0.0, 0},
+        {"+-1", false, 0.0, 0},
+        {"nan", false, 0.0, 0},
+        {"inf", false, 0.0, 0},
+        {"-Infinity", false, 0.0, 0},
+        {"1e400 ", false, 0.0, 0}, // beyond the largest double
+        {"-12345e99999999999", false, 0.0, 0},
     };
     for (const auto& c : cases) {
         const reading got = readText(c.text);

@@ -114,18 +114,18 @@ TEST_F(LasTextTest, parcesEntriesByTheirFirstPointAndColon) {
         const wchar_t* line;
         lasDescription entry;
     } const cases[] = {
-        {L" DT .US/M  60 520 : Sonic ",   {L"DT", L"US/M", L"60 520", L"Sonic"}     },
-        {L"NULL. -999.25 : null",         {L"NULL", L"", L"-999.25", L"null"}       },
-        {L"STRT.M:1670",                  {L"STRT", L"M", L"", L"1670"}             },
-        {L"LATI .DEG\t53 42' : Latitude", {L"LATI", L"DEG", L"53 42'", L"Latitude"} },
-        {L"TIML.hh:mm 23:15 : Time",      {L"TIML", L"hh", L"", L"mm 23:15 : Time"} },
-        {L"I. Res..OHM-M : Resistivity",  {L"I", L"", L"Res..OHM-M", L"Resistivity"}},
-        {L"GR.[API] : Gamma",             {L"GR", L"[API]", L"", L"Gamma"}          },
-        {L"HOLE NUMBER : hole",           {L"HOLE NUMBER", L"", L"", L"hole"}       },
-        {L"LOGTYPE : TT5.00",             {L"LOGTYPE", L"", L"", L"TT5.00"}         },
-        {L"TEST.cps",                     {L"TEST", L"cps", L"", L""}               },
-        {L".OHMM : no mnemonic",          {L"", L"OHMM", L"", L"no mnemonic"}       },
-        {L"no entry at all",              {}                                        },
+        {L" DT .US/M  60 520 : Sonic ", {L"DT", L"US/M", L"60 520", L"Sonic"}},
+        {L"NULL. -999.25 : null", {L"NULL", L"", L"-999.25", L"null"}},
+        {L"STRT.M:1670", {L"STRT", L"M", L"", L"1670"}},
+        {L"LATI .DEG\t53 42' : Latitude", {L"LATI", L"DEG", L"53 42'", L"Latitude"}},
+        {L"TIML.hh:mm 23:15 : Time", {L"TIML", L"hh", L"", L"mm 23:15 : Time"}},
+        {L"I. Res..OHM-M : Resistivity", {L"I", L"", L"Res..OHM-M", L"Resistivity"}},
+        {L"GR.[API] : Gamma", {L"GR", L"[API]", L"", L"Gamma"}},
+        {L"HOLE NUMBER : hole", {L"HOLE NUMBER", L"", L"", L"hole"}},
+        {L"LOGTYPE : TT5.00", {L"LOGTYPE", L"", L"", L"TT5.00"}},
+        {L"TEST.cps", {L"TEST", L"cps", L"", L""}},
+        {L".OHMM : no mnemonic", {L"", L"OHMM", L"", L"no mnemonic"}},
+        {L"no entry at all", {}},
     };
     for (const auto& [line, entry] : cases) {
         const auto got = las_header::parceDescription(line);
@@ -144,16 +144,16 @@ TEST_F(LasTextTest, findsVersionAndWrapLoosely) {
         int version;
         bool wrap;
     } const cases[] = {
-        {"version 1.2",                 "~V\nVERS. 1.2 :\nWRAP. YES :\n",           1, true },
-        {"lower-case tag",              "~v\nVERS. 2.0 :\nWRAP. YES :\n",           2, true },
-        {"no such lines",               "~V\n",                                     2, false},
-        {"no ~V section",               "~W\nVERS. 1.2 :\nWRAP. YES :\n",           2, false},
-        {"in a section that follows",   "~V\n~W\nVERS. 1.2 :\nWRAP. YES :\n",       1, true },
-        {"inside other words",          "~V\nMYVERS2. 3.0 :\nUNWRAPPED. YES :\n",   3, true },
-        {"the first of two",            "~V\n# VERS 1.2\nVERS. 1.2 :\n",            2, false},
-        {"yes in lower case",           "~V\nVERS. 2.0 :\nWRAP. yes :\n",           2, false},
-        {"a version that is no number", "~V\nVERS. two :\n",                        2, false},
-        {"a comment with ~A ends it",   "~V\n# see ~A\nVERS. 1.2 :\nWRAP. YES :\n", 2, false},
+        {"version 1.2", "~V\nVERS. 1.2 :\nWRAP. YES :\n", 1, true},
+        {"lower-case tag", "~v\nVERS. 2.0 :\nWRAP. YES :\n", 2, true},
+        {"no such lines", "~V\n", 2, false},
+        {"no ~V section", "~W\nVERS. 1.2 :\nWRAP. YES :\n", 2, false},
+        {"in a section that follows", "~V\n~W\nVERS. 1.2 :\nWRAP. YES :\n", 1, true},
+        {"inside other words", "~V\nMYVERS2. 3.0 :\nUNWRAPPED. YES :\n", 3, true},
+        {"the first of two", "~V\n# VERS 1.2\nVERS. 1.2 :\n", 2, false},
+        {"yes in lower case", "~V\nVERS. 2.0 :\nWRAP. yes :\n", 2, false},
+        {"a version that is no number", "~V\nVERS. two :\n", 2, false},
+        {"a comment with ~A ends it", "~V\n# see ~A\nVERS. 1.2 :\nWRAP. YES :\n", 2, false},
     };
     for (const auto& c : cases) {
         const auto file = read(std::string(c.header) + "~C\nD.:\n~A\n");
@@ -172,13 +172,13 @@ TEST_F(LasTextTest, wellNumbersKeepTheirDefaultsWhenTheTextIsNoNumber) {
         double start;
         double step;
     } const cases[] = {
-        {"nothing",               "",                                      -999999.0, 0.0,  0.0 },
-        {"words",                 "NULL. (NULL) :\nSTRT.M top :\n",        -999999.0, 0.0,  0.0 },
-        {"not finite",            "NULL. 1e999 :\nSTRT.M nan :\n",         -999999.0, 0.0,  0.0 },
-        {"decimal comma",         "NULL. -999,25 :\nSTRT.M 10,5 :\n",      -999.25,   10.5, 0.0 },
-        {"a second word",         "STRT.M 10.5 m :\nSTEP.M 0.1 (0.2) :\n", -999999.0, 10.5, 0.1 },
-        {"lower-case mnemonics",  "null. -1 :\nstep. 0.25 :\n",            -1.0,      0.0,  0.25},
-        {"an end after a number", "STRT.M 12abc :\n",                      -999999.0, 0.0,  0.0 },
+        {"nothing", "", -999999.0, 0.0, 0.0},
+        {"words", "NULL. (NULL) :\nSTRT.M top :\n", -999999.0, 0.0, 0.0},
+        {"not finite", "NULL. 1e999 :\nSTRT.M nan :\n", -999999.0, 0.0, 0.0},
+        {"decimal comma", "NULL. -999,25 :\nSTRT.M 10,5 :\n", -999.25, 10.5, 0.0},
+        {"a second word", "STRT.M 10.5 m :\nSTEP.M 0.1 (0.2) :\n", -999999.0, 10.5, 0.1},
+        {"lower-case mnemonics", "null. -1 :\nstep. 0.25 :\n", -1.0, 0.0, 0.25},
+        {"an end after a number", "STRT.M 12abc :\n", -999999.0, 0.0, 0.0},
     };
     for (const auto& c : cases) {
         const auto file = read("~W\n" + std::string(c.well) + "~C\nD.:\nA.:\n~A\n1 2\n", true);
@@ -196,12 +196,12 @@ TEST_F(LasTextTest, namesThatStandTwiceAreNumbered) {
         const char* curves;
         std::vector<std::wstring> names;
     } const cases[] = {
-        {"GR.:\nGR.:\nGR.:\n",               {L"GR", L"GR_2", L"GR_3"}           },
-        {"Gr.:\ngR.:\nGR.:\n",               {L"Gr", L"gR_2", L"GR_3"}           },
-        {"GR_2.:\nGR.:\nGR.:\n",             {L"GR_2", L"GR", L"GR_3"}           },
-        {"GR.:\nGR.:\nGR_2.:\n",             {L"GR", L"GR_2", L"GR_2_2"}         },
+        {"GR.:\nGR.:\nGR.:\n", {L"GR", L"GR_2", L"GR_3"}},
+        {"Gr.:\ngR.:\nGR.:\n", {L"Gr", L"gR_2", L"GR_3"}},
+        {"GR_2.:\nGR.:\nGR.:\n", {L"GR_2", L"GR", L"GR_3"}},
+        {"GR.:\nGR.:\nGR_2.:\n", {L"GR", L"GR_2", L"GR_2_2"}},
         {"\u0413\u041a.:\n\u0433\u043a.:\n", {L"\u0413\u041a", L"\u0433\u043a_2"}}, // ГК, гк
-        {".M :\n.M :\n",                     {L"", L"_2"}                        },
+        {".M :\n.M :\n", {L"", L"_2"}},
     };
     for (const auto& c : cases)
         EXPECT_EQ(names(read("~V\n~C\nD.:\n" + std::string(c.curves) + "~A\n")), c.names)

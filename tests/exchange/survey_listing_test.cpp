@@ -40,17 +40,18 @@ TEST(SurveyListingTest, readsTheLinesBetweenTheSecondAndTheThirdRule) {
         std::string text;
         std::string expected;
     } const cases[] = {
-        {"up to the third rule",            listing("0 1 2\n10 3 4\n=====\n20 5 6\n"), "0 1 2;10 3 4;"       },
-        {"up to the end of the file",       listing("0 1 2\n10 3 4"),                  "0 1 2;10 3 4;"       },
+        {"up to the third rule", listing("0 1 2\n10 3 4\n=====\n20 5 6\n"), "0 1 2;10 3 4;"},
+        {"up to the end of the file", listing("0 1 2\n10 3 4"), "0 1 2;10 3 4;"},
         {"any line with a \"=\" is a rule",
-         "MD = 0\n1 1 1\n2 2 2\nx=y\n0 1 2\n10 3 4\n5 = 5\n20 5 6\n",                  "0 1 2;10 3 4;"       },
-        {"rules in a row leave no data",    "==\n==\n==\n0 1 2\n10 3 4\n",             "refused"             },
-        {"one rule",                        "==\n0 1 2\n10 3 4\n",                     "refused"             },
-        {"no rule",                         "0 1 2\n10 3 4\n",                         "refused"             },
-        {"one station",                     listing("0 1 2\n10 3\n"),                  "refused"             },
-        {"an empty file",                   "",                                        "refused"             },
-        {"CR LF line ends",                 "=\r\n=\r\n0 1 2\r\n10 3 4\r\n=\r\n",      "0 1 2;10 3 4;"       },
-        {"order of the file",               listing("10 3 4\n0 1 2\n10 3 4\n"),        "10 3 4;0 1 2;10 3 4;"},
+         "MD = 0\n1 1 1\n2 2 2\nx=y\n0 1 2\n10 3 4\n5 = 5\n20 5 6\n",
+         "0 1 2;10 3 4;"},
+        {"rules in a row leave no data", "==\n==\n==\n0 1 2\n10 3 4\n", "refused"},
+        {"one rule", "==\n0 1 2\n10 3 4\n", "refused"},
+        {"no rule", "0 1 2\n10 3 4\n", "refused"},
+        {"one station", listing("0 1 2\n10 3\n"), "refused"},
+        {"an empty file", "", "refused"},
+        {"CR LF line ends", "=\r\n=\r\n0 1 2\r\n10 3 4\r\n=\r\n", "0 1 2;10 3 4;"},
+        {"order of the file", listing("10 3 4\n0 1 2\n10 3 4\n"), "10 3 4;0 1 2;10 3 4;"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(readBack(folder.write(L"a.lst", c.text)), c.expected) << c.where;
@@ -65,25 +66,25 @@ TEST(SurveyListingTest, takesThreeFieldsOfALine) {
         const char* line;
         const char* expected; // what the line adds after "5 6 7"
     } const cases[] = {
-        {"more than three fields",      "10 3 4 x 9",     "10 3 4;"      },
+        {"more than three fields", "10 3 4 x 9", "10 3 4;"},
         {"signs, fractions, exponents", "+1.5 -2.25 3e1", "1.5 -2.25 30;"},
-        {"two fields",                  "10 3",           ""             },
-        {"an empty line",               "",               ""             },
-        {"no depth",                    "x 3 4",          ""             },
-        {"no angle",                    "10 - 4",         "10 6 4;"      },
-        {"no azimuth",                  "10 3 -",         "10 3 7;"      },
-        {"neither",                     "10 - -",         "10 6 7;"      },
-        {"a decimal comma in depth",    "12,5 3 4",       ""             },
-        {"a decimal comma in angle",    "10 3,5 4",       "10 6 4;"      },
-        {"a unit at the depth",         "10m 3 4",        ""             },
-        {"no finite depth",             "inf 3 4",        ""             },
-        {"no finite angle",             "10 nan 4",       "10 6 4;"      },
-        {"padded columns",              "   10   3   4 ", "10 3 4;"      },
-        {"a column left blank",         "10  4",          "10 6 4;"      }, // angle is empty
-        {"two fields, the first blank", " 3 4",           ""             }, // depth is empty
-        {"a blank at the end",          "10 3 ",          "10 3 7;"      }, // azimuth is empty
-        {"tabs",                        "10\t3\t4",       ""             }, // one field
-        {"tabs beside blanks",          "10\t \t3 4\t",   "10 3 4;"      },
+        {"two fields", "10 3", ""},
+        {"an empty line", "", ""},
+        {"no depth", "x 3 4", ""},
+        {"no angle", "10 - 4", "10 6 4;"},
+        {"no azimuth", "10 3 -", "10 3 7;"},
+        {"neither", "10 - -", "10 6 7;"},
+        {"a decimal comma in depth", "12,5 3 4", ""},
+        {"a decimal comma in angle", "10 3,5 4", "10 6 4;"},
+        {"a unit at the depth", "10m 3 4", ""},
+        {"no finite depth", "inf 3 4", ""},
+        {"no finite angle", "10 nan 4", "10 6 4;"},
+        {"padded columns", "   10   3   4 ", "10 3 4;"},
+        {"a column left blank", "10  4", "10 6 4;"}, // angle is empty
+        {"two fields, the first blank", " 3 4", ""}, // depth is empty
+        {"a blank at the end", "10 3 ", "10 3 7;"},  // azimuth is empty
+        {"tabs", "10\t3\t4", ""},                    // one field
+        {"tabs beside blanks", "10\t \t3 4\t", "10 3 4;"},
     };
     for (const auto& c : cases) {
         const auto path =

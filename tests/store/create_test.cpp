@@ -79,14 +79,14 @@ TEST_F(CreateTest, refusalsNameThePathAndLeaveNothing) {
         NORLEX_contDescription description;
         const wchar_t* line; // a part of it
     } const cases[] = {
-        {"no path",               {},                  L"path is empty"     },
-        {"no type",               noType,              L"type 0"            },
-        {"connection elsewhere",  elsewhere,           L"b.well2"           },
-        {"no database",           noDatabase,          L"Database"          },
-        {"a folder",              at(L"folder.well2"), L"folder.well2"      },
-        {"upper-case extension",  at(L"a.WELL2"),      L"a.WELL2"           },
-        {"no extension",          at(L"a"),            L"\".well2\""        },
-        {"missing folder",        at(L"none/a.well2"), L"there is no folder"},
+        {"no path", {}, L"path is empty"},
+        {"no type", noType, L"type 0"},
+        {"connection elsewhere", elsewhere, L"b.well2"},
+        {"no database", noDatabase, L"Database"},
+        {"a folder", at(L"folder.well2"), L"folder.well2"},
+        {"upper-case extension", at(L"a.WELL2"), L"a.WELL2"},
+        {"no extension", at(L"a"), L"\".well2\""},
+        {"missing folder", at(L"none/a.well2"), L"there is no folder"},
         {"parent that is a file", at(L"file/a.well2"), L"there is no folder"},
     };
     const auto before = everything();

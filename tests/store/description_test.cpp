@@ -42,18 +42,18 @@ TEST_F(DescriptionTest, serverFileIsToldByItsFirstLine) {
         std::string content;
         bool isServer;
     } const cases[] = {
-        {"the line alone",        line,                         true },
-        {"LF after it",           line + "\nUID=a\n",           true },
-        {"CR LF after it",        line + "\r\nUID=a\r\n",       true },
-        {"byte-order mark",       "\xEF\xBB\xBF" + line + "\n", true },
-        {"trailing blank",        line + " \n",                 false},
-        {"leading blank",         " " + line,                   false},
-        {"second line",           "\n" + line,                  false},
-        {"lower case",            lower,                        false},
-        {"cut",                   cut,                          false},
-        {"empty",                 "",                           false},
-        {"a local database",      database,                     false},
-        {"a line without an end", endless,                      false},
+        {"the line alone", line, true},
+        {"LF after it", line + "\nUID=a\n", true},
+        {"CR LF after it", line + "\r\nUID=a\r\n", true},
+        {"byte-order mark", "\xEF\xBB\xBF" + line + "\n", true},
+        {"trailing blank", line + " \n", false},
+        {"leading blank", " " + line, false},
+        {"second line", "\n" + line, false},
+        {"lower case", lower, false},
+        {"cut", cut, false},
+        {"empty", "", false},
+        {"a local database", database, false},
+        {"a line without an end", endless, false},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(NORLEX_wellContainer::isServerDBFile(file(c.content)), c.isServer) << c.where;
@@ -71,22 +71,22 @@ TEST_F(DescriptionTest, readsSettings) {
         std::string lines;
         const wchar_t* found;
     } const cases[] = {
-        {"a folder",            "fileFolder=\\\\srv\\wells\\\nUID=bob\nPWD=s e", L"\\\\srv\\wells\\|bob|s e|"},
-        {"CR LF",               "UID=bob\r\nDatabase=wells\r\n",                 L"|bob||DSN=wells;"         },
-        {"no line end",         "UID=bob",                                       L"|bob||"                   },
-        {"connection text",     "Database=Driver={PG};Server=h",                 L"|||Driver={PG};Server=h;" },
-        {"ended already",       "Database=Server=h;",                            L"|||Server=h;"             },
-        {"two databases",       "Database=Server=h\nDatabase=Port=1",            L"|||Server=h;Port=1;"      },
-        {"last of a name",      "UID=a\nUID=b",                                  L"|b||"                     },
-        {"names inside names",  "myUID_1=a",                                     L"|a||"                     },
-        {"order of the tests",  "fileFolder UID PWD Database=x\nPWD UID=y",      L"x|y||"                    },
-        {"UID within Database", "Database=Server=h;UID=z",                       L"|Server||"                },
-        {"other case",          "uid=a\npwd=b\ndatabase=c\nFILEFOLDER=d",        L"|||"                      },
-        {"no equals sign",      "UID\nDatabase",                                 L"|||"                      },
-        {"nothing after it",    "UID=\nDatabase=",                               L"|||"                      },
-        {"second equals sign",  "PWD=a=b",                                       L"||a|"                     },
-        {"blanks are kept",     "UID = a ",                                      L"| a ||"                   },
-        {"Cyrillic",            "UID=\xD0\xA1\xD0\xBA\xD0\xB2",                  L"|\u0421\u043A\u0432||"    },
+        {"a folder", "fileFolder=\\\\srv\\wells\\\nUID=bob\nPWD=s e", L"\\\\srv\\wells\\|bob|s e|"},
+        {"CR LF", "UID=bob\r\nDatabase=wells\r\n", L"|bob||DSN=wells;"},
+        {"no line end", "UID=bob", L"|bob||"},
+        {"connection text", "Database=Driver={PG};Server=h", L"|||Driver={PG};Server=h;"},
+        {"ended already", "Database=Server=h;", L"|||Server=h;"},
+        {"two databases", "Database=Server=h\nDatabase=Port=1", L"|||Server=h;Port=1;"},
+        {"last of a name", "UID=a\nUID=b", L"|b||"},
+        {"names inside names", "myUID_1=a", L"|a||"},
+        {"order of the tests", "fileFolder UID PWD Database=x\nPWD UID=y", L"x|y||"},
+        {"UID within Database", "Database=Server=h;UID=z", L"|Server||"},
+        {"other case", "uid=a\npwd=b\ndatabase=c\nFILEFOLDER=d", L"|||"},
+        {"no equals sign", "UID\nDatabase", L"|||"},
+        {"nothing after it", "UID=\nDatabase=", L"|||"},
+        {"second equals sign", "PWD=a=b", L"||a|"},
+        {"blanks are kept", "UID = a ", L"| a ||"},
+        {"Cyrillic", "UID=\xD0\xA1\xD0\xBA\xD0\xB2", L"|\u0421\u043A\u0432||"},
     };
     for (const auto& c : cases) {
         const auto d =
@@ -105,10 +105,10 @@ TEST(Description, localFilesLieInAFolderOfTheirName) {
     } const cases[] = {
         {L"D:\\x\\wells.well2", L"D:\\x\\wells\\"},
         {L"/x/a.b/wells.well2", L"/x/a.b/wells\\"},
-        {L"/x/two.dots.well2",  L"/x/two.dots\\" },
-        {L"/x.y/plain",         L"/x.y/plain\\"  },
-        {L"wells.well2",        L"wells\\"       },
-        {L"a\\b/wells.well2",   L"a\\b/wells\\"  },
+        {L"/x/two.dots.well2", L"/x/two.dots\\"},
+        {L"/x.y/plain", L"/x.y/plain\\"},
+        {L"wells.well2", L"wells\\"},
+        {L"a\\b/wells.well2", L"a\\b/wells\\"},
     };
     for (const auto& c : cases) {
         const auto found = NORLEX_wellContainer::makeDescription(c.path);

@@ -49,15 +49,15 @@ TEST_F(OpenTest, refusesWhatIsNoContainerAndLeavesIt) {
         std::string content;
         const wchar_t* line; // a part of it
     } const cases[] = {
-        {"zero bytes",            L"zero.well2",  "",      L"no well database"},
-        {"a text",                L"text.well2",  text,    L"not a database"  },
-        {"the start of one",      L"cut.well2",   start,   L"malformed"       },
-        {"half of one",           L"half.well2",  half,    L"malformed"       },
-        {"a damaged one",         L"bad.well2",   damaged, L"malformed"       },
-        {"upper-case extension",  L"wells.WELL2", whole,   L"\".well2\""      },
-        {"another extension",     L"wells.db",    whole,   L"\".well2\""      },
-        {"extension and no more", L"well2",       whole,   L"\".well2\""      },
-        {"a longer extension",    L"w.well2x",    whole,   L"\".well2\""      },
+        {"zero bytes", L"zero.well2", "", L"no well database"},
+        {"a text", L"text.well2", text, L"not a database"},
+        {"the start of one", L"cut.well2", start, L"malformed"},
+        {"half of one", L"half.well2", half, L"malformed"},
+        {"a damaged one", L"bad.well2", damaged, L"malformed"},
+        {"upper-case extension", L"wells.WELL2", whole, L"\".well2\""},
+        {"another extension", L"wells.db", whole, L"\".well2\""},
+        {"extension and no more", L"well2", whole, L"\".well2\""},
+        {"a longer extension", L"w.well2x", whole, L"\".well2\""},
     };
     for (const auto& c : cases) {
         const std::wstring path = folder / c.name;
@@ -96,12 +96,12 @@ TEST_F(OpenTest, otherVersionsAreRefusedByTheirNumber) {
         const wchar_t* statement;
         const wchar_t* line; // a part of it
     } const cases[] = {
-        {"older",    L"UPDATE base_version SET version = 35", older                         },
-        {"newer",    L"UPDATE base_version SET version = 37", newer                         },
-        {"oldest",   L"UPDATE base_version SET version = 4",  L"of version 4,"              },
-        {"zero",     L"UPDATE base_version SET version = 0",  L"no well database"           },
-        {"no row",   L"DELETE FROM base_version",             L"no well database"           },
-        {"no table", L"DROP TABLE base_version",              L"no such table: base_version"},
+        {"older", L"UPDATE base_version SET version = 35", older},
+        {"newer", L"UPDATE base_version SET version = 37", newer},
+        {"oldest", L"UPDATE base_version SET version = 4", L"of version 4,"},
+        {"zero", L"UPDATE base_version SET version = 0", L"no well database"},
+        {"no row", L"DELETE FROM base_version", L"no well database"},
+        {"no table", L"DROP TABLE base_version", L"no such table: base_version"},
     };
     for (const auto& c : cases) {
         disk::write(folder / L"copy.well2", whole);

@@ -26,10 +26,10 @@ using list = std::vector<std::wstring>;
 
 TEST_F(ContainerTest, metadataKeepsExactTexts) {
     const metadata::pairs given = {
-        {L"a'b",    L"it's; DROP TABLE meta --"},
-        {L"",       L"\t\n \u0416 \x1F"        },
-        {L"number", L"007.50"                  },
-        {L"empty",  L""                        },
+        {L"a'b", L"it's; DROP TABLE meta --"},
+        {L"", L"\t\n \u0416 \x1F"},
+        {L"number", L"007.50"},
+        {L"empty", L""},
     };
     ASSERT_TRUE(metadata::add(*db(), metadata::ofWell, 7, given));
     EXPECT_EQ(metadata::getAll(*db(), metadata::ofWell, 7), given);
@@ -45,10 +45,7 @@ TEST_F(ContainerTest, metadataIsSetRenamedAndCleared) {
     ASSERT_TRUE(metadata::set(*db(), metadata::ofWell, 1, L"k", L"2"));
     ASSERT_TRUE(metadata::set(*db(), metadata::ofWell, 2, L"k", L"3"));
     ASSERT_TRUE(metadata::renameKey(*db(), metadata::ofWell, 1, L"k", L"n"));
-    EXPECT_EQ(metadata::getAll(*db(), metadata::ofWell, 1),
-              (metadata::pairs{
-                  {L"n", L"2"}
-    }));
+    EXPECT_EQ(metadata::getAll(*db(), metadata::ofWell, 1), (metadata::pairs{{L"n", L"2"}}));
     ASSERT_TRUE(metadata::clear(*db(), metadata::ofWell, 1));
     EXPECT_TRUE(metadata::getAll(*db(), metadata::ofWell, 1).empty());
     EXPECT_EQ(metadata::get(*db(), metadata::ofWell, 2, L"k"), L"3");
@@ -133,12 +130,12 @@ TEST(WellPath, isWorkObjectFieldAndName) {
         const wchar_t* log;
         const wchar_t* path;
     } const cases[] = {
-        {"Windows",   L"D:\\x\\", L"O",    L"F",    L"",       L"GR", L"D:\\x\\O\\F\\W\\GR.wpdb"             },
-        {"both",      L"/x/a\\",  L"O",    L"F",    L"G",      L"GR", L"/x/a\\O\\F\\W\\G\\GR.wpdb"           },
-        {"no end",    L"/x/a",    L"O",    L"F",    L"",       L"GR", L"/x/a/O/F/W/GR.wpdb"                  },
-        {"empty",     L"/x/",     L"",     L"",     L"",       L"",   L"/x/%/%/W/%.wpdb"                     },
-        {"unsafe",    L"/x/",     L"../O", L"a\\b", L"..",     L"G/", L"/x/%2E.%2FO/a%5Cb/W/%2E%2E/G%2F.wpdb"},
-        {"as a file", L"/x/",     L"O",    L"F",    L"A.WPDB", L"GR", L"/x/O/F/W/A%2EWPDB/GR.wpdb"           },
+        {"Windows", L"D:\\x\\", L"O", L"F", L"", L"GR", L"D:\\x\\O\\F\\W\\GR.wpdb"},
+        {"both", L"/x/a\\", L"O", L"F", L"G", L"GR", L"/x/a\\O\\F\\W\\G\\GR.wpdb"},
+        {"no end", L"/x/a", L"O", L"F", L"", L"GR", L"/x/a/O/F/W/GR.wpdb"},
+        {"empty", L"/x/", L"", L"", L"", L"", L"/x/%/%/W/%.wpdb"},
+        {"unsafe", L"/x/", L"../O", L"a\\b", L"..", L"G/", L"/x/%2E.%2FO/a%5Cb/W/%2E%2E/G%2F.wpdb"},
+        {"as a file", L"/x/", L"O", L"F", L"A.WPDB", L"GR", L"/x/O/F/W/A%2EWPDB/GR.wpdb"},
     };
     for (const auto& c : cases) {
         db.set_file_container_path(c.folder);
@@ -167,11 +164,11 @@ TEST(WellPath, tellsWhichNamesCanBeStored) {
         std::wstring name;
         const wchar_t* line; // a part of it
     } const cases[] = {
-        {"a letter too many", longest + L"a", L"241 bytes"    },
-        {"two bytes each",    cyrillic,       L"242 bytes"    },
-        {"three bytes each",  escapes,        L"243 bytes"    },
-        {"a lone surrogate",  surrogate,      L"no characters"},
-        {"a zero inside",     zero,           L"no characters"},
+        {"a letter too many", longest + L"a", L"241 bytes"},
+        {"two bytes each", cyrillic, L"242 bytes"},
+        {"three bytes each", escapes, L"243 bytes"},
+        {"a lone surrogate", surrogate, L"no characters"},
+        {"a zero inside", zero, L"no characters"},
     };
     for (const auto& c : cases) {
         EXPECT_FALSE(isStorableName(c.name, L"a well's name")) << c.where;

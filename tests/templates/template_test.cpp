@@ -52,19 +52,19 @@ TEST(PropTemplate, baseFieldsOfEachType) {
         int type;
         const wchar_t* fields;
     } const cases[] = {
-        {0,  L""               },
-        {1,  geologyFields     },
-        {2,  geologyFields     },
-        {3,  geologyFields     },
-        {4,  valueField        },
-        {5,  L""               },
-        {6,  borderFields      },
-        {7,  constructionFields},
-        {8,  workFields        },
-        {9,  valueField        },
-        {10, valueField        },
-        {11, valueField        },
-        {12, L""               },
+        {0, L""},
+        {1, geologyFields},
+        {2, geologyFields},
+        {3, geologyFields},
+        {4, valueField},
+        {5, L""},
+        {6, borderFields},
+        {7, constructionFields},
+        {8, workFields},
+        {9, valueField},
+        {10, valueField},
+        {11, valueField},
+        {12, L""},
     };
     std::vector<NORLEX_fieldDescr> fields(3); // cleared first
     for (const auto& c : cases) {
@@ -201,14 +201,14 @@ TEST_F(TemplateTest, fieldsThatAreRefused) {
         int type;
         const wchar_t* line; // a part of it
     } const cases[] = {
-        {"empty",                     L"",                  L"",            1, L"needs a name"         },
-        {"only apostrophes",          L"''",                L"",            1, L"needs a name"         },
-        {"taken",                     L"Название",  L"",            1, L"already"              },
-        {"taken without apostrophes", L"Наз'вание", L"",            1, L"already"              },
-        {"named like a log template", L"Каротаж",    L"",            1, L"kind cannot be edited"},
-        {"eleven letters",            L"f",                 L"abcdefghijk", 1, L"10 characters"        },
-        {"no type",                   L"f",                 L"",            0, L"none of 1 to 6"       },
-        {"type out of range",         L"f",                 L"",            7, L"none of 1 to 6"       },
+        {"empty", L"", L"", 1, L"needs a name"},
+        {"only apostrophes", L"''", L"", 1, L"needs a name"},
+        {"taken", L"Название", L"", 1, L"already"},
+        {"taken without apostrophes", L"Наз'вание", L"", 1, L"already"},
+        {"named like a log template", L"Каротаж", L"", 1, L"kind cannot be edited"},
+        {"eleven letters", L"f", L"abcdefghijk", 1, L"10 characters"},
+        {"no type", L"f", L"", 0, L"none of 1 to 6"},
+        {"type out of range", L"f", L"", 7, L"none of 1 to 6"},
     };
     NORLEX_propTemplate marker(db(), L"Маркер");
     for (const auto& c : cases) {

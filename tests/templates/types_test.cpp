@@ -23,17 +23,17 @@ TEST(DataType, namesAndBack) {
         const wchar_t* stored;
         const wchar_t* display;
     } const cases[] = {
-        {1,  L"NORLEX_dataTypeMarker",           L"Маркер"                                     },
-        {2,  L"NORLEX_dataTypeInterval",         L"Интервал"                                 },
-        {3,  L"NORLEX_dataTypeColumn",           L"Колонка"                                   },
-        {4,  L"NORLEX_dataTypeLog",              L"Каротаж"                                   },
-        {5,  L"NORLEX_dataTypeRastr",            L"Растр"                                       },
-        {6,  L"NORLEX_dataTypeBorder",           L"Граница корреляции"              },
-        {7,  L"NORLEX_dataTypeConstruction",     L"Конструкция"                           },
-        {8,  L"NORLEX_dataTypeWorkConstruction", L"Эксплуатационные элементы"},
-        {9,  L"NORLEX_dataTypeSerial",           L"Набор данных"                          },
-        {10, L"NORLEX_dataTypeVDMInterval",      L"Интервальная скорость"        },
-        {11, L"NORLEX_dataTypeVDMAvg",           L"Средняя скорость"                  },
+        {1, L"NORLEX_dataTypeMarker", L"Маркер"},
+        {2, L"NORLEX_dataTypeInterval", L"Интервал"},
+        {3, L"NORLEX_dataTypeColumn", L"Колонка"},
+        {4, L"NORLEX_dataTypeLog", L"Каротаж"},
+        {5, L"NORLEX_dataTypeRastr", L"Растр"},
+        {6, L"NORLEX_dataTypeBorder", L"Граница корреляции"},
+        {7, L"NORLEX_dataTypeConstruction", L"Конструкция"},
+        {8, L"NORLEX_dataTypeWorkConstruction", L"Эксплуатационные элементы"},
+        {9, L"NORLEX_dataTypeSerial", L"Набор данных"},
+        {10, L"NORLEX_dataTypeVDMInterval", L"Интервальная скорость"},
+        {11, L"NORLEX_dataTypeVDMAvg", L"Средняя скорость"},
     };
     for (const auto& c : cases) {
         const auto type = static_cast<NORLEX_dataType>(c.type);
@@ -75,12 +75,12 @@ TEST(FieldType, namesAndBack) {
         const wchar_t* display;
         int table;
     } const cases[] = {
-        {1, L"NORLEX_fieldTypeString",    L"Текст",                                1},
-        {2, L"NORLEX_fieldTypeBigstring", L"Большой текст",                 1},
-        {3, L"NORLEX_fieldTypeNumeric",   L"Число",                                2},
-        {4, L"NORLEX_fieldTypeLink",      L"Ссылка",                              1},
-        {5, L"NORLEX_fieldTypeVsegei",    L"Форматированный текст", 1},
-        {6, L"NORLEX_fieldTypeBoolean",   L"Признак",                            3},
+        {1, L"NORLEX_fieldTypeString", L"Текст", 1},
+        {2, L"NORLEX_fieldTypeBigstring", L"Большой текст", 1},
+        {3, L"NORLEX_fieldTypeNumeric", L"Число", 2},
+        {4, L"NORLEX_fieldTypeLink", L"Ссылка", 1},
+        {5, L"NORLEX_fieldTypeVsegei", L"Форматированный текст", 1},
+        {6, L"NORLEX_fieldTypeBoolean", L"Признак", 3},
     };
     for (const auto& c : cases) {
         const auto type = static_cast<NORLEX_fieldType>(c.type);

@@ -26,11 +26,11 @@ TEST_F(SurveyTest, convertsDepthsBothWays) {
         double depth;
         double absDepth;
     } const cases[] = {
-        {"well head",                       0.0,   100.0    },
-        {"on a station",                    100.0, 0.0      },
-        {"inside a leaning interval",       150.0, -49.2404 },
-        {"below the last station",          300.0, -196.9616},
-        {"back up, after a deeper look-up", 50.0,  50.0     },
+        {"well head", 0.0, 100.0},
+        {"on a station", 100.0, 0.0},
+        {"inside a leaning interval", 150.0, -49.2404},
+        {"below the last station", 300.0, -196.9616},
+        {"back up, after a deeper look-up", 50.0, 50.0},
     };
     for (const auto& c : cases)
         EXPECT_NEAR(incl.getAbs(c.depth), c.absDepth, 1e-4) << c.where;
@@ -50,13 +50,13 @@ TEST_F(SurveyTest, followsAPublishedSurvey) {
         double depth, angle, azimuth;
         double absDepth, north, east, elongation;
     } const rows[] = {
-        {0,    0,  0,  25.0,         0.0,         0.0,         0.0        },
-        {1200, 0,  0,  -1175.0,      0.0,         0.0,         0.0        },
-        {1500, 20, 75, -1475.0,      0.0,         0.0,         0.0        },
-        {1800, 40, 75, -1756.907786, 26.556398,   99.109827,   18.092214  },
-        {2100, 60, 75, -1986.721119, 76.466101,   285.375373,  88.278881  },
-        {5100, 60, 75, -3486.721119, 748.897705,  2794.924284, 1588.278881},
-        {5400, 90, 75, -3636.721119, 816.140865,  3045.879175, 1738.278881},
+        {0, 0, 0, 25.0, 0.0, 0.0, 0.0},
+        {1200, 0, 0, -1175.0, 0.0, 0.0, 0.0},
+        {1500, 20, 75, -1475.0, 0.0, 0.0, 0.0},
+        {1800, 40, 75, -1756.907786, 26.556398, 99.109827, 18.092214},
+        {2100, 60, 75, -1986.721119, 76.466101, 285.375373, 88.278881},
+        {5100, 60, 75, -3486.721119, 748.897705, 2794.924284, 1588.278881},
+        {5400, 90, 75, -3636.721119, 816.140865, 3045.879175, 1738.278881},
         {8000, 90, 75, -3636.721119, 1489.070382, 5557.286323, 4338.278881},
     };
     std::vector<inclData> stations;
@@ -92,13 +92,13 @@ TEST_F(SurveyTest, keepsOrReplacesTheSurfaceStation) {
         double firstAngle;
         bool isSurvey;
     } const cases[] = {
-        {"no rows",               {},                                        1, 0, false},
-        {"one row, at 0",         {station(0, 5, 0)},                        2, 0, true },
-        {"one row, below",        {station(50, 5, 0)},                       2, 0, true },
-        {"two rows from 0",       {station(0, 5, 0), station(100, 6, 0)},    2, 5, true },
-        {"two rows from below",   {station(50, 5, 0), station(100, 6, 0)},   3, 0, true },
-        {"two rows from 0.01 on", {station(0.01, 5, 0), station(100, 6, 0)}, 3, 0, true },
-        {"rows out of order",     {station(100, 6, 0), station(0, 5, 0)},    2, 5, true },
+        {"no rows", {}, 1, 0, false},
+        {"one row, at 0", {station(0, 5, 0)}, 2, 0, true},
+        {"one row, below", {station(50, 5, 0)}, 2, 0, true},
+        {"two rows from 0", {station(0, 5, 0), station(100, 6, 0)}, 2, 5, true},
+        {"two rows from below", {station(50, 5, 0), station(100, 6, 0)}, 3, 0, true},
+        {"two rows from 0.01 on", {station(0.01, 5, 0), station(100, 6, 0)}, 3, 0, true},
+        {"rows out of order", {station(100, 6, 0), station(0, 5, 0)}, 2, 5, true},
     };
     for (const auto& c : cases) {
         const auto incl = survey(c.rows);
@@ -145,7 +145,7 @@ TEST_F(SurveyTest, answersFromAltitudeAndHeadWithoutStations) {
         double altitude, x, y;
     } const heads[] = {
         {"two rows: the last", L"INSERT INTO well_base VALUES(7, 10, 20, 30)", 10, 20, 30},
-        {"another well's row", L"DELETE FROM well_base WHERE w_id = 7",        0,  0,  0 },
+        {"another well's row", L"DELETE FROM well_base WHERE w_id = 7", 0, 0, 0},
     };
     run(L"INSERT INTO well_base VALUES(8, 1, 2, 3)");
     for (const auto& head : heads) {
@@ -165,12 +165,12 @@ TEST_F(SurveyTest, answersOffsetsAtAnAbsoluteDepth) {
         const char* where;
         double absDepth, x, y;
     } const cases[] = {
-        {"well head",              100.0,     0.0,      0.0    },
-        {"on a station",           1.519225,  17.3648,  0.0    }, // 100 - 98.480775
-        {"half an interval down",  -47.72116, 26.0472,  0.0    },
-        {"below the last station", -195.4423, 34.7296,  17.3648},
-        {"above the head",         198.48078, -17.3648, 0.0    },
-        {"the mark of no depth",   2000000.0, -1.0,     -1.0   },
+        {"well head", 100.0, 0.0, 0.0},
+        {"on a station", 1.519225, 17.3648, 0.0}, // 100 - 98.480775
+        {"half an interval down", -47.72116, 26.0472, 0.0},
+        {"below the last station", -195.4423, 34.7296, 17.3648},
+        {"above the head", 198.48078, -17.3648, 0.0},
+        {"the mark of no depth", 2000000.0, -1.0, -1.0},
     };
     for (const auto& c : cases) {
         double x = -1.0, y = -1.0;
@@ -245,11 +245,7 @@ TEST_F(SurveyTest, storesRoundedNumbersAndRefusesOthers) {
     EXPECT_EQ(incl.getDepthData(2), 0.0); // past the end
     EXPECT_EQ(incl.getUdlData(2), 0.0);
 
-    const double bad[][3] = {
-        {notNumber, 0,   0   },
-        {1,         inf, 0   },
-        {1,         0,   -inf}
-    };
+    const double bad[][3] = {{notNumber, 0, 0}, {1, inf, 0}, {1, 0, -inf}};
     for (const auto& row : bad)
         EXPECT_FALSE(incl.addPoint(row[0], row[1], row[2]));
     EXPECT_NE(NORLEX_lastError().find(L"-inf"), std::wstring::npos);
@@ -269,16 +265,16 @@ TEST_F(SurveyTest, comparesSurveysWithinTolerances) {
         std::vector<inclData> stations;
         bool same;
     } const cases[] = {
-        {"the same",        {station(0, 1, 2), station(100, 10, 90)},                     true },
-        {"depth by 0.009",  {station(0, 1, 2), station(100.009, 10, 90)},                 true },
-        {"depth by 0.011",  {station(0, 1, 2), station(100.011, 10, 90)},                 false},
-        {"angle by 9e-6",   {station(0, 1, 2), station(100, 10.000009, 90)},              true },
-        {"angle by 1.1e-5", {station(0, 1, 2), station(100, 9.999989, 90)},               false},
-        {"azimuth by 9e-6", {station(0, 1, 1.999991), station(100, 10, 90)},              true },
-        {"azimuth by 1e-4", {station(0, 1, 2.0001), station(100, 10, 90)},                false},
-        {"one less",        {station(0, 1, 2)},                                           false},
-        {"one more",        {station(0, 1, 2), station(100, 10, 90), station(101, 0, 0)}, false},
-        {"not a number",    {station(0, 1, 2), station(notNumber, 10, 90)},               false},
+        {"the same", {station(0, 1, 2), station(100, 10, 90)}, true},
+        {"depth by 0.009", {station(0, 1, 2), station(100.009, 10, 90)}, true},
+        {"depth by 0.011", {station(0, 1, 2), station(100.011, 10, 90)}, false},
+        {"angle by 9e-6", {station(0, 1, 2), station(100, 10.000009, 90)}, true},
+        {"angle by 1.1e-5", {station(0, 1, 2), station(100, 9.999989, 90)}, false},
+        {"azimuth by 9e-6", {station(0, 1, 1.999991), station(100, 10, 90)}, true},
+        {"azimuth by 1e-4", {station(0, 1, 2.0001), station(100, 10, 90)}, false},
+        {"one less", {station(0, 1, 2)}, false},
+        {"one more", {station(0, 1, 2), station(100, 10, 90), station(101, 0, 0)}, false},
+        {"not a number", {station(0, 1, 2), station(notNumber, 10, 90)}, false},
     };
     for (const auto& c : cases)
         EXPECT_EQ(incl.checIsDataLoaded(c.stations), c.same) << c.where;
@@ -298,13 +294,13 @@ TEST_F(SurveyTest, isValidOnlyWhileItGoesDown) {
         std::vector<inclData> rows;
         bool valid;
     } const cases[] = {
-        {"no rows",             {},                                                        true },
-        {"down",                {station(0, 0, 0), station(50, 89, 0), station(60, 0, 0)}, true },
-        {"a repeated depth",    {station(0, 0, 0), station(50, 0, 0), station(50, 0, 0)},  false},
-        {"one row at 0",        {station(0, 0, 0)},                                        false},
-        {"rising",              {station(0, 91, 0), station(50, 0, 0)},                    false},
-        {"level at its bottom", {station(0, 0, 0), station(50, 90, 0)},                    true },
-        {"above the head",      {station(-5, 0, 0), station(50, 0, 0)},                    false},
+        {"no rows", {}, true},
+        {"down", {station(0, 0, 0), station(50, 89, 0), station(60, 0, 0)}, true},
+        {"a repeated depth", {station(0, 0, 0), station(50, 0, 0), station(50, 0, 0)}, false},
+        {"one row at 0", {station(0, 0, 0)}, false},
+        {"rising", {station(0, 91, 0), station(50, 0, 0)}, false},
+        {"level at its bottom", {station(0, 0, 0), station(50, 90, 0)}, true},
+        {"above the head", {station(-5, 0, 0), station(50, 0, 0)}, false},
     };
     for (const auto& c : cases)
         EXPECT_EQ(survey(c.rows).isValid(), c.valid) << c.where;

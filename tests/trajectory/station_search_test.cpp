@@ -62,14 +62,14 @@ TEST(StationSearchTest, findsWhatAScanFinds) {
         const char* where;
         std::vector<double> steps;
     } const holes[] = {
-        {"straight down",           {-1, -2}                     },
-        {"repeated stations",       {-1, 0, 0}                   },
-        {"level",                   {0}                          },
-        {"rising",                  {1, 2}                       },
-        {"wandering",               {-2, -1, 0, 1, 2}            },
-        {"down with rises",         {-3, -3, -3, 2}              },
-        {"values that are missing", {-1, 0, 1, notNumber}        },
-        {"values out of bounds",    {-1, 1, inf, -inf, notNumber}},
+        {"straight down", {-1, -2}},
+        {"repeated stations", {-1, 0, 0}},
+        {"level", {0}},
+        {"rising", {1, 2}},
+        {"wandering", {-2, -1, 0, 1, 2}},
+        {"down with rises", {-3, -3, -3, 2}},
+        {"values that are missing", {-1, 0, 1, notNumber}},
+        {"values out of bounds", {-1, 1, inf, -inf, notNumber}},
     };
     for (const auto& hole : holes)
         for (unsigned int seed = 0; seed < 1000; ++seed) {

@@ -7,16 +7,13 @@ using headerAttributes::block;
 // What an import keeps comes back as it was, in its order, from among other attributes.
 TEST(HeaderAttributes, entriesComeBackByBlock) {
     const lasDescription entries[] = {
-        {L"COMP",  L"",     L"Oil; Gas \"& Co.\"",     L"COMPANY : of record"    },
-        {L"BHT",   L"DEGC", L"35.5000",                L"BOTTOM HOLE TEMPERATURE"},
-        {L"A.B.C", L"м",   L"",                       L""                       },
-        {L"",      L"",     L"",                       L""                       },
-        {L"COMP",  L"",     L"the second of the name", L""                       },
+        {L"COMP", L"", L"Oil; Gas \"& Co.\"", L"COMPANY : of record"},
+        {L"BHT", L"DEGC", L"35.5000", L"BOTTOM HOLE TEMPERATURE"},
+        {L"A.B.C", L"м", L"", L""},
+        {L"", L"", L"", L""},
+        {L"COMP", L"", L"the second of the name", L""},
     };
-    metadata::pairs attributes = {
-        {headerAttributes::units, L"GAPI"},
-        {L"WELLNESS",             L"x"   }
-    };
+    metadata::pairs attributes = {{headerAttributes::units, L"GAPI"}, {L"WELLNESS", L"x"}};
     for (const auto& entry : entries)
         headerAttributes::add(attributes, block::well, entry);
     headerAttributes::add(attributes, block::param, entries[1]);
@@ -35,12 +32,7 @@ TEST(HeaderAttributes, entriesComeBackByBlock) {
 
 TEST(HeaderAttributes, readsWhatOthersWrote) {
     const auto read = [](const wchar_t* value) {
-        return headerAttributes::entries(
-                   {
-                       {L"CURVE.GR", value}
-        },
-                   block::curve)
-            .front();
+        return headerAttributes::entries({{L"CURVE.GR", value}}, block::curve).front();
     };
     EXPECT_EQ(read(L"GAPI").unit, L"GAPI");
     EXPECT_EQ(read(L"GAPI").description, L"");

@@ -52,52 +52,14 @@ TEST_F(WellTest, refusedLogsLeaveNothing) {
     EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id, gr, L"", {1, nan}, two, incl));
     EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id, gr, L"", {1, -infinity}, two, incl));
     EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id, gr, L"", two, two, nullptr));
-    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(),
-                                                id,
-                                                gr,
-                                                L"",
-                                                {
-                                                    {nan, 1, 1}
-    }));
-    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(),
-                                                id + 1,
-                                                gr,
-                                                L"",
-                                                {
-                                                    {1, 1, 1}
-    }))
-        << "no well";
-    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(),
-                                                id,
-                                                {
-                                                    L"", L"G"
-    },
-                                                L"",
-                                                {{1, 1, 1}}));
-    EXPECT_FALSE(NORLEX_wellProperty::createLAS(nullptr,
-                                                id,
-                                                gr,
-                                                L"",
-                                                {
-                                                    {1, 1, 1}
-    }));
+    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id, gr, L"", {{nan, 1, 1}}));
+    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id + 1, gr, L"", {{1, 1, 1}})) << "no well";
+    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id, {L"", L"G"}, L"", {{1, 1, 1}}));
+    EXPECT_FALSE(NORLEX_wellProperty::createLAS(nullptr, id, gr, L"", {{1, 1, 1}}));
     EXPECT_EQ(everything(), before);
-    ASSERT_TRUE(NORLEX_wellProperty::createLAS(db(),
-                                               id,
-                                               gr,
-                                               L"",
-                                               {
-                                                   {1, 1, 1}
-    }));
+    ASSERT_TRUE(NORLEX_wellProperty::createLAS(db(), id, gr, L"", {{1, 1, 1}}));
     const auto with = everything();
-    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(),
-                                                id,
-                                                gr,
-                                                L"",
-                                                {
-                                                    {2, 2, 2}
-    }))
-        << "taken";
+    EXPECT_FALSE(NORLEX_wellProperty::createLAS(db(), id, gr, L"", {{2, 2, 2}})) << "taken";
     EXPECT_EQ(everything(), with);
 }
 
@@ -105,10 +67,7 @@ TEST_F(WellTest, commitRewritesTheSamples) {
     ASSERT_TRUE(makeLog(gr));
     auto w = well();
     auto log = w.openProperty(gr);
-    ASSERT_TRUE(log->setSamples({
-        {1, 99, 7           },
-        {2, 98, std::nan("")}
-    }));
+    ASSERT_TRUE(log->setSamples({{1, 99, 7}, {2, 98, std::nan("")}}));
     EXPECT_EQ(w.openProperty(gr)->getRecordCount(), 3U) << "not written yet";
     EXPECT_EQ(log->getRecordCount(), 2U);
     ASSERT_TRUE(log->commit(false)) << lastError();
@@ -116,9 +75,7 @@ TEST_F(WellTest, commitRewritesTheSamples) {
     double largest = 0.0;
     ASSERT_TRUE(w.openProperty(gr)->getRange(smallest, largest));
     EXPECT_EQ(largest, 7.0);
-    EXPECT_FALSE(log->setSamples({
-        {std::nan(""), 1, 1}
-    }));
+    EXPECT_FALSE(log->setSamples({{std::nan(""), 1, 1}}));
     EXPECT_EQ(log->getRecordCount(), 2U) << "what was refused is not kept";
 
     // a file of the older layout gets its range with the first commit
@@ -158,11 +115,7 @@ TEST_F(WellTest, otherKindsAndMissingFilesHaveNoSamples) {
     }
     EXPECT_FALSE(w.openProperty({L"M", L""})->setSamples({}));
     auto log = w.openProperty(gr);
-    EXPECT_TRUE(log->setSamples({
-                    {1, 1, 1}
-    })
-                && log->commit(true))
-        << "the first samples";
+    EXPECT_TRUE(log->setSamples({{1, 1, 1}}) && log->commit(true)) << "the first samples";
     EXPECT_EQ(log->getRecordCount(), 1U);
     NORLEX_wellProperty noSurvey(db(), log->getID(), nullptr);
     EXPECT_FALSE(noSurvey.recalcDepth());

@@ -42,10 +42,7 @@ const std::string golden = fromHex("feffffff00000000"
                                    "00000000000034400000000000005440ffffffffffffef7f"
                                    "0000000000003e40000000000080514000000000000000c0");
 const std::vector<NORLEX_logSample> goldenSamples = {
-    {10, 90, 1.5    },
-    {20, 80, missing},
-    {30, 70, -2.0   }
-};
+    {10, 90, 1.5}, {20, 80, missing}, {30, 70, -2.0}};
 
 class SampleFileTest : public testing::Test {
 protected:
@@ -106,15 +103,16 @@ TEST_F(SampleFileTest, rangeLeavesMissingValuesOut) {
         std::vector<double> values;
         double smallest, largest, half;
     } const cases[] = {
-        {"no sample",                      {},                        missing, -missing, -missing},
-        {"all missing",                    {missing, missing},        missing, -missing, -missing},
+        {"no sample", {}, missing, -missing, -missing},
+        {"all missing", {missing, missing}, missing, -missing, -missing},
         {"not finite counts as missing",
          {std::nan(""), infinity, -infinity},
-         missing,                                                              -missing,
-         -missing                                                                                },
-        {"one value",                      {missing, -3.5},           -3.5,    -3.5,     0.0     },
-        {"missing first and last",         {missing, 4, -2, missing}, -2,      4,        3       },
-        {"a difference that is no double", {-1e308, 1e308},           -1e308,  1e308,    1e308   },
+         missing,
+         -missing,
+         -missing},
+        {"one value", {missing, -3.5}, -3.5, -3.5, 0.0},
+        {"missing first and last", {missing, 4, -2, missing}, -2, 4, 3},
+        {"a difference that is no double", {-1e308, 1e308}, -1e308, 1e308, 1e308},
     };
     for (const auto& c : cases) {
         std::vector<NORLEX_logSample> samples;
@@ -151,9 +149,9 @@ TEST_F(SampleFileTest, rangeIsThatOfTheFirstAndTheLastSample) {
         std::vector<NORLEX_logSample> samples;
         NORLEX_depthRange range;
     } const cases[] = {
-        {"downwards",         goldenSamples,                {10, 30, 90, 70}  },
-        {"upwards",           {{30, 70, 1}, {10, 90, 2}},   {10, 30, 90, 70}  },
-        {"one sample",        {{5, -5, 1}},                 {5, 5, -5, -5}    },
+        {"downwards", goldenSamples, {10, 30, 90, 70}},
+        {"upwards", {{30, 70, 1}, {10, 90, 2}}, {10, 30, 90, 70}},
+        {"one sample", {{5, -5, 1}}, {5, 5, -5, -5}},
         {"a hole that rises", {{10, -90, 1}, {20, -80, 1}}, {10, 20, -80, -90}},
     };
     for (const auto& c : cases) {
@@ -177,14 +175,14 @@ TEST_F(SampleFileTest, refusesDamagedFiles) {
         const char* where;
         std::string bytes;
     } const cases[] = {
-        {"empty",                                 ""                                     },
-        {"part of the mark",                      golden.substr(0,                         3)},
-        {"part of the header",                                       golden.substr(0,                                                           99)},
-        {"the last byte is gone",                                    golden.substr(0,                 golden.size() - 1)},
-        {"claims four billion samples",fourBillion},
-        {"the older layout, one sample short",           bytesOf(4U) + golden.substr(100)                                                  },
-        {"the older layout, two billion samples",    bytesOf(0x7FFFFFFFU)},
-        {"some text", "Depth;Value\n"                },
+        {"empty", ""},
+        {"part of the mark", golden.substr(0, 3)},
+        {"part of the header", golden.substr(0, 99)},
+        {"the last byte is gone", golden.substr(0, golden.size() - 1)},
+        {"claims four billion samples", fourBillion},
+        {"the older layout, one sample short", bytesOf(4U) + golden.substr(100)},
+        {"the older layout, two billion samples", bytesOf(0x7FFFFFFFU)},
+        {"some text", "Depth;Value\n"},
     };
     for (const auto& c : cases) {
         const auto path = folder.write(L"damaged.wpdb", c.bytes);

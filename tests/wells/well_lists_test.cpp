@@ -19,12 +19,10 @@ std::wstring joined(const std::vector<NORLEX_wellDescription>& wells) {
 } // namespace
 
 TEST_F(WellTest, listsAreOrderedByWorkObjectFieldAndName) {
-    for (const auto& well : {
-             NORLEX_wellDescription{L"O", L"F", L"W-0", 0},
-             {L"N", L"F", L"W-1", 0},
-             {L"O", L"E", L"W-1", 0},
-             {L"",  L"",  L"W-1", 0}
-    })
+    for (const auto& well : {NORLEX_wellDescription{L"O", L"F", L"W-0", 0},
+                             {L"N", L"F", L"W-1", 0},
+                             {L"O", L"E", L"W-1", 0},
+                             {L"", L"", L"W-1", 0}})
         ASSERT_TRUE(NORLEX_well::create(db(), well));
     std::vector<std::wstring> texts = {L"left over"};
     NORLEX_well::getWorkObjectList(db(), texts);
@@ -82,11 +80,7 @@ TEST_F(WellTest, propertiesAreListedByGroupAndName) {
     std::vector<NORLEX_propDescription> list;
     w.getPropertyList(list);
     const std::vector<NORLEX_propDescription> expected = {
-        {L"GR",   L""   },
-        {L"Tops", L"Geo"},
-        {L"GR",   L"LAS"},
-        {L"SP",   L"LAS"}
-    };
+        {L"GR", L""}, {L"Tops", L"Geo"}, {L"GR", L"LAS"}, {L"SP", L"LAS"}};
     EXPECT_EQ(list, expected);
     EXPECT_EQ(w.getPropertyCount(), 4);
     EXPECT_EQ(NORLEX_well::getPropertyCount(db(), names), 4);

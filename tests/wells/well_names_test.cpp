@@ -11,33 +11,33 @@ struct nameCase {
 };
 
 const nameCase nameCases[] = {
-    {"apostrophes are dropped",       L"O'Brien's '); DROP TABLE well_base; --", true                                 },
-    {"nothing but apostrophes",       L"'''",                                    false                                },
-    {"empty",                         L"",                                       false                                },
-    {"a slash",                       L"a/b",                                    true                                 },
-    {"a backslash",                   L"a\\b",                                   true                                 },
-    {"the folder above",              L"..",                                     true                                 },
-    {"a way out",                     L"../../../../outside",                    true                                 },
-    {"the same in the other system",  L"..\\..\\outside",                        true                                 },
-    {"an absolute path",              L"/etc/passwd",                            true                                 },
-    {"this folder",                   L".",                                      true                                 },
-    {"the folder of pending changes", L".pending",                               true                                 },
-    {"the action journal",            L"journal.db",                             true                                 },
-    {"a device",                      L"CON",                                    true                                 },
-    {"a device with an extension",    L"lpt1.wpdb",                              true                                 },
-    {"the escape itself",             L"%2E%2E",                                 true                                 },
-    {"10,000 characters",             std::wstring(10000,                        L'x'),                                 false},
-    {"the longest",                               std::wstring(240,                                                            L'y'),                                                   true},
-    {"one too long",                           std::wstring(241,                                                                    L'y'),                                          false},
-    {"control characters",                          L"a\tb\nc\x01",true},
-    {"a NUL",std::wstring(L"a\0b",                                   3),                                                                                  false},
-    {"half a surrogate pair",                    std::wstring(1,                         static_cast<wchar_t>(0xD83D)),false},
-    {"an emoji",         L"🛢️ 1",                 true},
-    {"a trailing dot",                               L"name.",                                                               true                                                                               },
-    {"a trailing blank",                               L"name ",                                                         true                                                       },
-    {"a leading blank",                               L" name",                                                       true},
-    {"wildcards",                               L"*?<>|\":",                                                        true},
-    {"letters of another script",                               L"Скважина № 7",                                                              true                                                                                   },
+    {"apostrophes are dropped", L"O'Brien's '); DROP TABLE well_base; --", true},
+    {"nothing but apostrophes", L"'''", false},
+    {"empty", L"", false},
+    {"a slash", L"a/b", true},
+    {"a backslash", L"a\\b", true},
+    {"the folder above", L"..", true},
+    {"a way out", L"../../../../outside", true},
+    {"the same in the other system", L"..\\..\\outside", true},
+    {"an absolute path", L"/etc/passwd", true},
+    {"this folder", L".", true},
+    {"the folder of pending changes", L".pending", true},
+    {"the action journal", L"journal.db", true},
+    {"a device", L"CON", true},
+    {"a device with an extension", L"lpt1.wpdb", true},
+    {"the escape itself", L"%2E%2E", true},
+    {"10,000 characters", std::wstring(10000, L'x'), false},
+    {"the longest", std::wstring(240, L'y'), true},
+    {"one too long", std::wstring(241, L'y'), false},
+    {"control characters", L"a\tb\nc\x01", true},
+    {"a NUL", std::wstring(L"a\0b", 3), false},
+    {"half a surrogate pair", std::wstring(1, static_cast<wchar_t>(0xD83D)), false},
+    {"an emoji", L"🛢️ 1", true},
+    {"a trailing dot", L"name.", true},
+    {"a trailing blank", L"name ", true},
+    {"a leading blank", L" name", true},
+    {"wildcards", L"*?<>|\":", true},
+    {"letters of another script", L"Скважина № 7", true},
 };
 
 // An open connection keeps its journals.
@@ -69,13 +69,8 @@ TEST_F(WellTest, anyNameOfAWellIsStoredExactlyOrRefused) {
         EXPECT_EQ(opened.getName(), stored) << c.where;
         EXPECT_EQ(opened.getFld(), stored) << c.where;
         EXPECT_EQ(opened.getWorkObjectName(), stored) << c.where;
-        ASSERT_TRUE(NORLEX_wellProperty::createLAS(db(),
-                                                   opened.getID(),
-                                                   {
-                                                       c.given, c.given
-        },
-                                                   L"",
-                                                   {{1, 2, 3}}))
+        ASSERT_TRUE(NORLEX_wellProperty::createLAS(
+            db(), opened.getID(), {c.given, c.given}, L"", {{1, 2, 3}}))
             << c.where << lastError();
         EXPECT_EQ(
             NORLEX_wellProperty(

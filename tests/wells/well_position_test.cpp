@@ -67,14 +67,8 @@ TEST_F(WellTest, surveyAndLogsFollowTheAltitude) {
     ASSERT_TRUE(w.setPosition(1000, 2000));
     ASSERT_TRUE(w.loadInclFromData({station(0, 0, 0), station(100, 30, 90)}, true)) << lastError();
     const NORLEX_propDescription gr(L"GR", L"LAS");
-    ASSERT_TRUE(NORLEX_wellProperty::createLAS(db(),
-                                               w.getID(),
-                                               gr,
-                                               L"",
-                                               {
-                                                   {50,  0, 1                  },
-                                                   {150, 0, NORLEX_missingValue}
-    }));
+    ASSERT_TRUE(NORLEX_wellProperty::createLAS(
+        db(), w.getID(), gr, L"", {{50, 0, 1}, {150, 0, NORLEX_missingValue}}));
     ASSERT_TRUE(w.createProperty(NORLEX_dataTypeLog, {L"empty", L""})) << "a log without a file";
 
     ASSERT_TRUE(w.setAltitude(200)) << lastError();

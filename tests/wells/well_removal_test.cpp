@@ -12,13 +12,7 @@ void fillWell(odbc_database* db, std::uint32_t id, const NORLEX_wellDescription&
     ASSERT_TRUE(well.createProperty(NORLEX_dataTypeMarker, {L"M", L"G"}));
     ASSERT_TRUE(well.createProperty(NORLEX_dataTypeInterval, {L"I", L"G"}));
     ASSERT_TRUE(well.createProperty(NORLEX_dataTypeBorder, {L"cor", L""}));
-    ASSERT_TRUE(NORLEX_wellProperty::createLAS(db,
-                                               id,
-                                               {
-                                                   L"GR", L"LAS"
-    },
-                                               L"",
-                                               {{1, 2, 3}}));
+    ASSERT_TRUE(NORLEX_wellProperty::createLAS(db, id, {L"GR", L"LAS"}, L"", {{1, 2, 3}}));
     ASSERT_TRUE(well.openProperty({L"M", L"G"})->setAttribute(L"K", L"V"));
     ASSERT_TRUE(well.loadInclFromData({well.getIncl() ? inclData{10} : inclData{}}, true));
     const std::wstring attached = NORLEX_getWellPath(db, names) + L"attached/scan.png";

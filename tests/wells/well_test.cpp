@@ -38,13 +38,13 @@ TEST_F(WellTest, renamingMovesRowsAndFiles) {
         const char* where;
         NORLEX_wellDescription to;
     } const cases[] = {
-        {"the name",           {L"O", L"F", L"W-2", 0}                            },
-        {"only the case",      {L"O", L"F", L"w-2", 0}                            },
-        {"name and field",     {L"O", L"Field/2", L"W-3", 0}                      },
-        {"the field, to none", {L"O", L"", L"W-3", 0}                             },
-        {"all three",          {L"Объект", L"Поле", L"Скв. 10", 0}   },
-        {"the same again",     {L"Объект", L"Поле", L"Скв. 10", 0}   },
-        {"apostrophes alone",  {L"Об'ъект", L"Поле", L"'Скв. 10'", 0}},
+        {"the name", {L"O", L"F", L"W-2", 0}},
+        {"only the case", {L"O", L"F", L"w-2", 0}},
+        {"name and field", {L"O", L"Field/2", L"W-3", 0}},
+        {"the field, to none", {L"O", L"", L"W-3", 0}},
+        {"all three", {L"Объект", L"Поле", L"Скв. 10", 0}},
+        {"the same again", {L"Объект", L"Поле", L"Скв. 10", 0}},
+        {"apostrophes alone", {L"Об'ъект", L"Поле", L"'Скв. 10'", 0}},
     };
     auto w = well();
     const auto id = w.getID();
