@@ -37,10 +37,12 @@ fileReport refusedFile(const lasSource& source) {
     return out;
 }
 
-fileReport importOne(NORLEX_lasImport& importer, const lasSource& source) {
+fileReport importOne(NORLEX_lasImport& importer, const lasSource& source, const lasSource* next) {
     if (!source.error.empty())
         return refusedFile(source);
-    const NORLEX_lasImportResult result = importer.importFile(source.path);
+    const bool hasNext = next != nullptr && next->error.empty();
+    const NORLEX_lasImportResult result =
+        importer.importFile(source.path, hasNext ? next->path : std::wstring());
     return {
         .path = source.path,
         .ok = result.ok,
@@ -62,12 +64,10 @@ report importAll(odbc_database* db, const importLasRequest& request) {
     NORLEX_setProgressSink(bar);
     report out;
     out.found = sources.size();
-    for (const auto& source : sources) {
-        if (progressBar::isInterrupted())
-            break;
-        bar->setPart(
-            text::ofPath(text::path(source.path).filename()), out.files.size(), sources.size());
-        out.files.push_back(importOne(importer, source));
+    for (std::size_t i = 0; i < sources.size() && !progressBar::isInterrupted(); ++i) {
+        bar->setPart(text::ofPath(text::path(sources[i].path).filename()), i, sources.size());
+        out.files.push_back(
+            importOne(importer, sources[i], i + 1 < sources.size() ? &sources[i + 1] : nullptr));
     }
     NORLEX_setProgressSink(nullptr);
     return out;
@@ -98,32 +98,30 @@ void printJson(const report& all) {
     json files = json::array();
     for (const auto& file : all.files)
         files.push_back({
-            {"path",          jsonOut::string(file.path)},
-            {"ok",            file.ok                   },
-            {"well",          textOrNull(file.well)     },
-            {"curves",        file.curves               },
-            {"rows",          file.rows                 },
-            {"skipped_count", file.skippedCount         },
-            {"error",         textOrNull(file.error)    },
+            {"path", jsonOut::string(file.path)},
+            {"ok", file.ok},
+            {"well", textOrNull(file.well)},
+            {"curves", file.curves},
+            {"rows", file.rows},
+            {"skipped_count", file.skippedCount},
+            {"error", textOrNull(file.error)},
         });
     jsonOut::print({
-        {"files",         std::move(files)},
-        {"wells_created", wellsOf(all)    },
-        {"logs_created",  logsOf(all)     },
+        {"files", std::move(files)},
+        {"wells_created", wellsOf(all)},
+        {"logs_created", logsOf(all)},
     });
 }
 
 void printTable(const report& all, bool dryRun) {
     using enum table::align;
-    table files({
-        {"FILE"  },
-        {"WELL"  },
-        {"CURVES", right},
-        {"LOGS",        right},
-        {"ROWS",right},
-        {"SKIPPED",   right},
-        {"RESULT"       }
-    });
+    table files({{"FILE"},
+                 {"WELL"},
+                 {"CURVES", right},
+                 {"LOGS", right},
+                 {"ROWS", right},
+                 {"SKIPPED", right},
+                 {"RESULT"}});
     for (const auto& file : all.files)
         files.add({text::shown(file.path),
                    text::shown(file.well),

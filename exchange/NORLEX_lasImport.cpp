@@ -6,6 +6,7 @@
 #include "exchange/las_import_samples.h"
 #include "exchange/las_import_well.h"
 #include "odbc_database.h"
+#include "platform/files.h"
 #include "platform/last_error.h"
 #include "platform/progress.h"
 #include "platform/transaction.h"
@@ -14,6 +15,7 @@
 #include "wells/names.h"
 #include "wells/query.h"
 
+#include <future>
 #include <memory>
 #include <utility>
 
@@ -27,9 +29,9 @@ public:
     las_import(odbc_database& db,
                const NORLEX_lasImportOptions& options,
                const std::wstring& path,
-               NORLEX_lasImportResult& result)
-        : m_db(db), m_options(options), m_path(path), m_result(result),
-          m_file(path, false, options.encoding) {}
+               NORLEX_lasImportResult& result,
+               NORLEX_lasfileExt file)
+        : m_db(db), m_options(options), m_path(path), m_result(result), m_file(std::move(file)) {}
 
     [[nodiscard]] bool run() {
         if (!m_file.isOK() || !readFile())
@@ -194,26 +196,32 @@ bool las_import::removeExisting() {
     return true;
 }
 
-// A curve's points go as soon as they are written: they are most of the memory of a large file.
+// The samples are written while the next rows are made. A curve's points go with it: they are most
+// of the memory of a large file.
 bool las_import::writeLogs(logRecords::maker& logs) {
     const std::int64_t before = lasImportLogs::largestLogKey(m_db);
-    lasImportSamples::sample_writer writer(m_depths,
-                                           m_notes.nullsAreNoSamples && m_depths.rows.empty());
+    const bool nullsAreNoSamples = m_notes.nullsAreNoSamples && m_depths.rows.empty();
+    const auto writer =
+        std::make_shared<lasImportSamples::sample_writer>(std::move(m_depths), nullsAreNoSamples);
     progress steps(m_path, m_targets.size());
     for (std::size_t i = 0; i < m_targets.size(); ++i) {
         if (steps.isStopped())
             return refuse(L"the import of " + m_path + L" was stopped");
-        NORLEX_lasCurve& curve = *m_file.getCurveByIndex(i);
-        if (m_targets[i].action != lasImportLogs::what::leave) {
-            const auto& missing = m_notes.curves[i].missing;
-            if (!logs.create({m_targets[i].description,
-                              curve.getComment(),
-                              lasImportLogs::ownAttributes(curve),
-                              [&](std::FILE* file) { return writer.write(file, curve, missing); }}))
-                return false;
-            ++m_result.created;
-        }
-        curve = NORLEX_lasCurve(curve.getName(), 0);
+        NORLEX_lasCurve& taken = *m_file.getCurveByIndex(i);
+        const auto curve = std::make_shared<NORLEX_lasCurve>(taken.getName(), 0);
+        std::swap(*curve, taken);
+        if (m_targets[i].action == lasImportLogs::what::leave)
+            continue;
+        const auto& missing = m_notes.curves[i].missing;
+        if (!logs.create({m_targets[i].description,
+                          curve->getComment(),
+                          lasImportLogs::ownAttributes(*curve),
+                          [writer, curve, missing](std::FILE* file) {
+                              return writer->write(file, *curve, missing);
+                          },
+                          true}))
+            return false;
+        ++m_result.created;
         steps.advance(i + 1);
     }
     return lasImportLogs::addCommonAttributes(m_db, m_result.well.wellId, before, m_file);
@@ -221,16 +229,58 @@ bool las_import::writeLogs(logRecords::maker& logs) {
 
 } // namespace
 
+// A file that is read before it is asked for, and why it is refused.
+struct NORLEX_lasImport::ahead {
+    struct content {
+        NORLEX_lasfileExt file;
+        std::wstring error;
+    };
+    std::wstring path;
+    std::future<content> reading;
+};
+
 NORLEX_lasImport::NORLEX_lasImport(odbc_database* db, NORLEX_lasImportOptions options)
     : m_db(db), m_options(std::move(options)) {}
 
+NORLEX_lasImport::~NORLEX_lasImport() = default;
+
+void NORLEX_lasImport::readAhead(const std::wstring& path) {
+    constexpr std::uint64_t smallEnough = 16U << 20; // two large files would need twice the memory
+    if (files::size(path).value_or(smallEnough) >= smallEnough)
+        return;
+    m_ahead = std::make_unique<ahead>();
+    m_ahead->path = path;
+    m_ahead->reading = std::async(std::launch::async, [path, encoding = m_options.encoding] {
+        refuse({});
+        NORLEX_lasfileExt file(path, false, encoding);
+        return ahead::content{std::move(file), NORLEX_lastError()};
+    });
+}
+
+NORLEX_lasfileExt NORLEX_lasImport::read(const std::wstring& path) {
+    const auto known = m_ahead && m_ahead->path == path ? std::move(m_ahead) : nullptr;
+    if (!known)
+        return {path, false, m_options.encoding};
+    auto content = known->reading.get();
+    refuse(std::move(content.error));
+    return std::move(content.file);
+}
+
 NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path) {
+    return importFile(path, {});
+}
+
+NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path,
+                                                    const std::wstring& next) {
     NORLEX_lasImportResult result;
     refuse({}); // so that the line found afterwards is of this file
     if (m_db == nullptr) {
         refuse(L"cannot import " + path + L": no database is open");
     } else {
-        result.ok = las_import(*m_db, m_options, path, result).run();
+        auto file = read(path);
+        if (!next.empty())
+            readAhead(next);
+        result.ok = las_import(*m_db, m_options, path, result, std::move(file)).run();
         shrinkMemory();
     }
     if (result.ok)

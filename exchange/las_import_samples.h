@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <span>
+#include <utility>
 #include <vector>
 
 class NORLEX_inclinometry;
@@ -32,8 +33,8 @@ void addAbsolute(depth_column& column, NORLEX_inclinometry& survey);
 // cost no memory each.
 class sample_writer {
 public:
-    sample_writer(const depth_column& column, bool nullsAreNoSamples)
-        : m_column(column), m_nullsAreNoSamples(nullsAreNoSamples) {}
+    sample_writer(depth_column column, bool nullsAreNoSamples)
+        : m_column(std::move(column)), m_nullsAreNoSamples(nullsAreNoSamples) {}
 
     // `missing` are the nulls that are samples where nulls are none.
     [[nodiscard]] bool
@@ -42,7 +43,7 @@ public:
 private:
     [[nodiscard]] bool writeOwn(std::FILE* file, exactNotes::row_ranges missing);
 
-    const depth_column& m_column;
+    depth_column m_column;
     bool m_nullsAreNoSamples;
     std::vector<double> m_values;
     std::vector<double> m_depths;

@@ -285,9 +285,11 @@ void las_values::estimateRows(std::string_view block) {
     constexpr std::size_t sampleSize = std::size_t{1} << 16;
     const auto sample = block.substr(0, sampleSize);
     std::size_t fields = 0;
-    for (std::size_t i = 0; i < sample.size(); ++i) {
-        const auto isEnd = [](char c) { return isBlank(c) || c == '\n' || c == ','; };
-        fields += isEnd(sample[i]) && (i == 0 || !isEnd(sample[i - 1])) ? 1U : 0U;
+    unsigned before = 0; // whether the byte before ends a field, too
+    for (const char c : sample) {
+        const unsigned isEnd = unsigned{isBlank(c)} | unsigned{c == '\n'} | unsigned{c == ','};
+        fields += isEnd & ~before;
+        before = isEnd;
     }
     const std::uint64_t bytes = m_reader.bytesLeft() / bytesPerCharacter(m_reader.encoding());
     const double perField =

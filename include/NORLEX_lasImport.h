@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -44,13 +45,25 @@ struct NORLEX_lasImportResult {
 class NORLEX_API NORLEX_lasImport {
 public:
     NORLEX_lasImport(odbc_database* db, NORLEX_lasImportOptions options);
+    ~NORLEX_lasImport();
+    NORLEX_lasImport(const NORLEX_lasImport&) = delete;
+    NORLEX_lasImport& operator=(const NORLEX_lasImport&) = delete;
 
     [[nodiscard]] NORLEX_lasImportResult importFile(const std::wstring& path);
+    // The same, and reads the file that will be asked for next while this one is stored. A large
+    // one is not read ahead; asking for another one then is no failure.
+    [[nodiscard]] NORLEX_lasImportResult importFile(const std::wstring& path,
+                                                    const std::wstring& next);
 
 private:
+    struct ahead;
+
+    void readAhead(const std::wstring& path);
+    [[nodiscard]] NORLEX_lasfileExt read(const std::wstring& path);
     void shrinkMemory();
 
     odbc_database* m_db;
     NORLEX_lasImportOptions m_options;
+    std::unique_ptr<ahead> m_ahead;
     unsigned m_files = 0; // imported so far
 };

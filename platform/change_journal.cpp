@@ -22,6 +22,8 @@ namespace {
 
 constexpr const char* pendingName = ".pending";
 constexpr const char* journalExtension = ".changes";
+constexpr const char* endLine = "E\n";
+constexpr std::size_t longEnough = 1 << 20; // to be cut, in bytes
 
 fs::path pendingFolder(const fs::path& root) {
     return root / pendingName;
@@ -213,10 +215,12 @@ void writer::undoTo(std::size_t mark) {
     static_cast<void>(::ftruncate(m_file, static_cast<off_t>(m_size)));
 }
 
-// The journal is emptied first: what was set aside must not be looked for when it is gone.
+// The journal is closed first: what was set aside must not be looked for when it is gone.
 void writer::end() {
-    static_cast<void>(::ftruncate(m_file, 0));
-    m_size = 0;
+    if (m_size > longEnough || !write(endLine)) { // cutting it needs no room
+        static_cast<void>(::ftruncate(m_file, 0));
+        m_size = 0;
+    }
     m_id.clear();
     std::error_code ignored;
     for (const auto& done : std::exchange(m_changes, {}))
@@ -249,6 +253,8 @@ void remains::read() {
         const auto line = rest.substr(0, end);
         if (line.starts_with("T\t"))
             m_id = ts::strconv::fromUtf8(line.substr(2));
+        else if (line == "E")
+            m_id.clear(), m_changes.clear();
         else if (line.size() > 2 && line[1] == '\t')
             m_changes.push_back(changeOf(m_root, line));
         rest.remove_prefix(end + 1);

@@ -1,14 +1,15 @@
 // The journal of a connection's file operations, as it stands on disk.
 //
 // ".pending/<name>.changes" below the file directory tells the operations of the transaction that
-// is open, and is empty while none is. Its first line is the transaction's id; then comes a line an
-// operation, written before the operation is done. Fields have a tab between them, paths are
-// relative to the file directory:
+// is open: what follows the last line that ends one. A line an operation is written before the
+// operation is done. Fields have a tab between them, paths are relative to the file directory:
 //   T id         the transaction begins
 //   C path       a file is created            undone by removing it
 //   R path kept  moved aside to kept          undone by moving it back
 //   M from to    moved                        undone by moving it back
 //   D path       a folder is made             undone by removing it while it is empty
+//   E            the transaction is over
+// The file is cut only now and then: giving its room back costs more than all its lines.
 // Its process holds a lock on the file: a journal that can be locked belongs to a dead one.
 #pragma once
 

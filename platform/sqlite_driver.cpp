@@ -2,6 +2,7 @@
 
 #include "platform/numbers.h"
 #include "platform/sqlite_functions.h"
+#include "platform/sqlite_statements.h"
 
 #include <pwd.h>
 #include <sqlite3.h>
@@ -14,10 +15,7 @@ namespace {
 
 constexpr int busyMilliseconds = 10'000;
 
-struct finalizer {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using statementHandle = std::unique_ptr<sqlite3_stmt, finalizer>;
+using statementHandle = sqlite_statements::lease;
 
 // The operating system's name of whoever runs the program.
 std::string systemUser() {
@@ -84,9 +82,10 @@ public:
     ~sqlite_driver() override {
         if (m_db == nullptr)
             return;
+        m_statements.reset();
         sqlite3_busy_timeout(m_db, 0);
         sqlite3_exec(m_db, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
-        sqlite3_close(m_db);
+        sqlite3_close_v2(m_db); // rows that are still being read keep it alive
     }
 
     bool connect(const std::string& path) override {
@@ -96,6 +95,7 @@ public:
         sqlite3_extended_result_codes(m_db, 1);
         if (!registerSqliteFunctions(m_db))
             return fail("cannot prepare");
+        m_statements = std::make_shared<sqlite_statements>(m_db);
         // The page size has an effect on a new file only, and only before its first write. Keeping
         // the file of the rollback journal from commit to commit saves flushes of the disk. The
         // schema is read so that a file that is no database is told at once.
@@ -168,29 +168,19 @@ private:
     }
 
     statementHandle prepare(std::string_view text) {
-        sqlite3_stmt* raw = nullptr;
-        const char* tail = nullptr;
-        const int code =
-            sqlite3_prepare_v2(m_db, text.data(), static_cast<int>(text.size()), &raw, &tail);
-        statementHandle statement(raw);
-        if (code != SQLITE_OK) {
-            fail("cannot understand the statement");
-            return nullptr;
-        }
-        if (!statement) {
-            m_error = "the statement is empty";
-            return nullptr;
-        }
-        const std::string_view rest(tail,
-                                    text.size() - static_cast<std::size_t>(tail - text.data()));
-        if (!numbers::trimmed(rest).empty()) {
+        bool hasMore = false;
+        auto statement = m_statements->take(text, hasMore);
+        if (hasMore)
             m_error = "text after the end of the statement";
-            return nullptr;
-        }
+        else if (!statement && sqlite3_errcode(m_db) == SQLITE_OK)
+            m_error = "the statement is empty";
+        else if (!statement)
+            fail("cannot understand the statement");
         return statement;
     }
 
     sqlite3* m_db = nullptr;
+    std::shared_ptr<sqlite_statements> m_statements;
     std::string m_error;
 };
 

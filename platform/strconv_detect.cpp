@@ -16,8 +16,7 @@ mark findMark(std::string_view bytes) {
          {utf32be, "\0\0\xFE\xFF"sv},
          {utf8, "\xEF\xBB\xBF"sv},
          {utf16le, "\xFF\xFE"sv},
-         {utf16be, "\xFE\xFF"sv}}
-    };
+         {utf16be, "\xFE\xFF"sv}}};
     for (const auto& [encoding, sign] : marks) {
         if (bytes.substr(0, sign.size()) == sign)
             return {encoding, sign.size()};
@@ -239,8 +238,7 @@ encodings likeliestSingleByte(std::string_view sample) {
     static const pairTable pairs;
     // How rare the encodings themselves are among files of this trade.
     constexpr std::array<std::pair<encodings, bits>, 4> cyrillic{
-        {{windows1251, 3}, {cp866, 4}, {koi8r, 5}, {iso8859_5, 8}}
-    };
+        {{windows1251, 3}, {cp866, 4}, {koi8r, 5}, {iso8859_5, 8}}};
     encodings best = iso8859_1;
     bits least = latinCost(decode(sample, iso8859_1));
     for (const auto& [encoding, rarity] : cyrillic) {
@@ -312,9 +310,12 @@ bool isMeantAsUtf8(std::string_view bytes) {
     return odd == 0;
 }
 
+// Without a branch, so that many bytes are looked at at once.
 bool hasHigh(std::string_view bytes) {
-    return std::any_of(
-        bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    unsigned all = 0;
+    for (const char c : bytes)
+        all |= static_cast<unsigned char>(c);
+    return all >= 0x80;
 }
 
 } // namespace
@@ -324,6 +325,8 @@ encodings detectEncoding(std::string_view sample) {
         if (const encodings wide = wideByZeros(sample); wide != detect)
             return wide;
     }
+    if (!hasHigh(sample))
+        return utf8;
     const std::string_view whole = sample.substr(0, sample.size() - cutTail(sample));
     if (isUtf8(whole) && isMeantAsUtf8(whole) && (whole.size() == sample.size() || hasHigh(whole)))
         return utf8;

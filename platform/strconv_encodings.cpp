@@ -20,17 +20,17 @@ struct encodingName {
 
 // Synonyms are looked up in lower case, without "-", "_" and blanks.
 constexpr std::array encodingNames{
-    encodingName{detect,      "detect",       " detect auto "                             },
-    encodingName{utf8,        "utf-8",        " utf8 65001 cp65001 ascii usascii "        },
-    encodingName{utf16le,     "utf-16le",     " utf16le utf16 unicode 1200 ucs2 ucs2le "  },
-    encodingName{utf16be,     "utf-16be",     " utf16be 1201 ucs2be "                     },
-    encodingName{utf32le,     "utf-32le",     " utf32le utf32 12000 ucs4 ucs4le "         },
-    encodingName{utf32be,     "utf-32be",     " utf32be 12001 ucs4be "                    },
-    encodingName{cp866,       "cp866",        " cp866 866 ibm866 dos oem "                },
-    encodingName{koi8r,       "koi8-r",       " koi8r koi8 20866 cp20866 "                },
+    encodingName{detect, "detect", " detect auto "},
+    encodingName{utf8, "utf-8", " utf8 65001 cp65001 ascii usascii "},
+    encodingName{utf16le, "utf-16le", " utf16le utf16 unicode 1200 ucs2 ucs2le "},
+    encodingName{utf16be, "utf-16be", " utf16be 1201 ucs2be "},
+    encodingName{utf32le, "utf-32le", " utf32le utf32 12000 ucs4 ucs4le "},
+    encodingName{utf32be, "utf-32be", " utf32be 12001 ucs4be "},
+    encodingName{cp866, "cp866", " cp866 866 ibm866 dos oem "},
+    encodingName{koi8r, "koi8-r", " koi8r koi8 20866 cp20866 "},
     encodingName{windows1251, "windows-1251", " windows1251 1251 cp1251 win1251 win ansi "},
-    encodingName{iso8859_1,   "iso-8859-1",   " iso88591 latin1 l1 28591 cp28591 "        },
-    encodingName{iso8859_5,   "iso-8859-5",   " iso88595 cyrillic 28595 cp28595 "         },
+    encodingName{iso8859_1, "iso-8859-1", " iso88591 latin1 l1 28591 cp28591 "},
+    encodingName{iso8859_5, "iso-8859-5", " iso88595 cyrillic 28595 cp28595 "},
 };
 
 const encodingName* entryOf(encodings encoding) {

@@ -7,6 +7,7 @@
 #include "platform/sql_text.h"
 #include "platform/strconv.h"
 #include "platform/uuid.h"
+#include "platform/write_queue.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -49,6 +50,23 @@ bool flush(const fs::path& path, int (*call)(int)) {
     return done || refuse(L"cannot write " + files::wide(path) + L": " + files::reason(error));
 }
 
+bool writeWhole(const fs::path& place,
+                const std::wstring& shownPath,
+                const std::function<bool(std::FILE*)>& writer) {
+    auto file = files::openWrite(files::wide(place));
+    if (!file)
+        return false;
+    errno = 0;
+    const bool written = writer(file.get()) && std::fflush(file.get()) == 0;
+    if (!written && errno != 0)
+        refuse(L"cannot write " + shownPath + L": " + files::reason(errno));
+    file.reset();
+    std::error_code ignored;
+    if (!written)
+        fs::remove(place, ignored); // on a full disk its room is wanted
+    return written;
+}
+
 // A commit must not outlive the samples it speaks of. A flush costs the same for one file or for
 // all of a file system, so several files share one. A file that is gone again needs none.
 bool flushAll(const std::vector<fs::path>& written, const fs::path& root) {
@@ -63,6 +81,7 @@ bool flushAll(const std::vector<fs::path>& written, const fs::path& root) {
 struct transaction_files::journal : changeJournal::writer {
     using changeJournal::writer::writer;
     std::vector<fs::path> emptied; // folders that lost something
+    write_queue later;             // the last member: its files are written before the rest ends
 };
 
 transaction_files::transaction_files(odbc_database* db) : m_db(db) {}
@@ -89,38 +108,51 @@ bool transaction_files::accepts(const std::wstring& path) {
     return openJournal();
 }
 
+// A new file is written in its place: no row speaks of it before the commit. One that replaces
+// another is written elsewhere, so that readers find the old content until the new one is whole.
 bool transaction_files::write(const std::wstring& path,
                               const std::function<bool(std::FILE*)>& writer) {
     if (!accepts(path))
         return false;
     const fs::path target = files::native(path);
-    const fs::path fresh = m_journal->newName();
-    auto file = files::openWrite(files::wide(fresh));
-    if (!file)
-        return false;
-    errno = 0;
-    const bool written = writer(file.get()) && std::fflush(file.get()) == 0;
-    if (written) // so that the flush before the commit finds most of it done
-        static_cast<void>(::sync_file_range(fileno(file.get()), 0, 0, SYNC_FILE_RANGE_WRITE));
-    if (!written && errno != 0)
-        refuse(L"cannot write " + path + L": " + files::reason(errno));
-    file.reset();
-    if (!written) {
-        std::error_code ignored;
-        fs::remove(fresh, ignored); // on a full disk its room is wanted
-        return false;
-    }
-    if (!m_journal->makeFolders(target.parent_path()))
-        return false;
-    if (isThere(target) ? !m_journal->setAside(target)
-                        : !m_journal->note({changeJournal::kind::created, target, {}}))
-        return false;
     m_journal->wrote(target);
-    return renamed(fresh, target);
+    if (!isThere(target))
+        return m_journal->makeFolders(target.parent_path())
+               && m_journal->note({changeJournal::kind::created, target, {}})
+               && writeWhole(target, path, writer);
+    if (!finishWrites())
+        return false;
+    const fs::path fresh = m_journal->newName();
+    return writeWhole(fresh, path, writer) && m_journal->setAside(target) && renamed(fresh, target);
+}
+
+bool transaction_files::writeLater(const std::wstring& path,
+                                   std::function<bool(std::FILE*)> writer) {
+    if (!accepts(path))
+        return false;
+    const fs::path target = files::native(path);
+    if (isThere(target))
+        return write(path, writer);
+    if (const std::wstring why = m_journal->later.failure(); !why.empty())
+        return refuse(why);
+    m_journal->wrote(target);
+    if (!m_journal->makeFolders(target.parent_path())
+        || !m_journal->note({changeJournal::kind::created, target, {}}))
+        return false;
+    m_journal->later.add(
+        m_journal->changes().size() - 1,
+        [target, path, writer = std::move(writer)] { return writeWhole(target, path, writer); });
+    return true;
+}
+
+bool transaction_files::finishWrites() {
+    m_journal->later.wait();
+    const std::wstring why = m_journal->later.failure();
+    return why.empty() || refuse(why);
 }
 
 bool transaction_files::remove(const std::wstring& path) {
-    if (!accepts(path))
+    if (!accepts(path) || !finishWrites())
         return false;
     const fs::path target = bare(path);
     if (!isThere(target))
@@ -134,7 +166,7 @@ bool transaction_files::removeFolder(const std::wstring& path) {
 }
 
 bool transaction_files::move(const std::wstring& from, const std::wstring& to) {
-    if (!accepts(from) || !accepts(to))
+    if (!accepts(from) || !accepts(to) || !finishWrites())
         return false;
     const fs::path source = bare(from);
     const fs::path target = bare(to);
@@ -151,6 +183,8 @@ std::size_t transaction_files::mark() const {
 void transaction_files::undoTo(std::size_t mark) {
     if (!m_journal)
         return;
+    m_journal->later.wait();
+    m_journal->later.forgetFailures(mark);
     m_journal->undoTo(mark);
     if (mark == 0 && !m_db->in_transaction() && m_journal->isActive())
         m_journal->end();
@@ -159,7 +193,7 @@ void transaction_files::undoTo(std::size_t mark) {
 bool transaction_files::beforeCommit() {
     if (!m_journal || !m_journal->isActive())
         return true;
-    if (!flushAll(m_journal->written(), m_journal->root()))
+    if (!finishWrites() || !flushAll(m_journal->written(), m_journal->root()))
         return false;
     if (m_marker != 0 && !m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(m_marker))))
         return false;

@@ -1,6 +1,7 @@
 // Files that change together with the rows of a transaction.
 //
-// Every operation is done at once and noted beforehand in the connection's journal, which lies in
+// Every operation is done at once, or by the commit, and noted beforehand in the connection's
+// journal, which lies in
 // ".pending" of the container's file directory. Rolling back undoes the operations in reverse
 // order. Committing flushes the new files, puts a marker row into the table `meta` (group
 // "file_changes", key: the transaction's id), commits, and empties the journal. A journal that a
@@ -28,6 +29,9 @@ public:
     // file directory; each sets the last error when it answers false. Folders are made as needed.
     [[nodiscard]] bool write(const std::wstring& path,
                              const std::function<bool(std::FILE*)>& writer);
+    // As write(), by another thread: `writer` holds all that it needs. The file is there after the
+    // commit; whatever prevents it makes the next call, or the commit, fail.
+    [[nodiscard]] bool writeLater(const std::wstring& path, std::function<bool(std::FILE*)> writer);
     [[nodiscard]] bool remove(const std::wstring& path); // a missing file is no failure
     [[nodiscard]] bool removeFolder(const std::wstring& path);
     // A file or a folder; the target must not exist.
@@ -49,6 +53,7 @@ private:
 
     [[nodiscard]] bool openJournal();
     [[nodiscard]] bool accepts(const std::wstring& path);
+    [[nodiscard]] bool finishWrites();
 
     odbc_database* m_db;
     std::unique_ptr<journal> m_journal;

@@ -61,6 +61,12 @@ std::int64_t maker::insertRow(const newLog& log, const NORLEX_propDescription& p
     return id != 0 && propertyFields::addAll(m_db, id, m_fields) ? id : 0;
 }
 
+bool maker::writeSamples(const newLog& log, const NORLEX_propDescription& prop) {
+    const std::wstring path = samplePathOf(m_wellPath, prop);
+    return log.later ? m_db.files().writeLater(path, log.writeSamples)
+                     : m_db.files().write(path, log.writeSamples);
+}
+
 bool maker::create(const newLog& log) {
     const auto prop = names::plain(log.description);
     if (!m_ok || !names::areStorable(prop))
@@ -70,7 +76,7 @@ bool maker::create(const newLog& log) {
         return refuse(L"the well " + names::shown(m_well) + L" has a property " + names::shown(prop)
                       + L" already; another name or group is expected");
     const std::int64_t id = insertRow(log, prop);
-    if (id == 0 || !m_db.files().write(samplePathOf(m_wellPath, prop), log.writeSamples)
+    if (id == 0 || !writeSamples(log, prop)
         || (!log.attributes.empty()
             && !metadata::add(m_db, metadata::ofProperty, id, log.attributes))
         || (!m_isStamped && !wellRecords::touch(m_db, m_well.wellId)))

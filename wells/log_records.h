@@ -16,12 +16,14 @@ class odbc_database;
 
 namespace logRecords {
 
-// What a new log is made of. `writeSamples` writes the whole sample file.
+// What a new log is made of. `writeSamples` writes the whole sample file, at once or, where it may
+// be `later`, in another thread before the commit; then it holds all that it needs.
 struct newLog {
     NORLEX_propDescription description;
     std::wstring comment;
     metadata::pairs attributes;
     std::function<bool(std::FILE*)> writeSamples;
+    bool later = false;
 };
 
 // Makes logs of one well one after the other. What is the same for all of them (the well's
@@ -39,6 +41,7 @@ public:
     [[nodiscard]] bool create(const newLog& log); // a taken name is refused
 
 private:
+    [[nodiscard]] bool writeSamples(const newLog& log, const NORLEX_propDescription& prop);
     [[nodiscard]] std::int64_t insertRow(const newLog& log, const NORLEX_propDescription& prop);
 
     odbc_database& m_db;

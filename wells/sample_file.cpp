@@ -91,14 +91,14 @@ bool seek(std::FILE* file, std::uint64_t offset) {
 }
 
 // Writes `count` samples, which `blockAt` hands out from an index on. The range is gathered while
-// each block is in the cache, so the header is written once for its place and again with it.
+// each block is in the cache, so the header of more than one block is written for its place first,
+// and again with the range of all.
 template <typename BlockAt>
 bool writeFile(std::FILE* file, std::size_t count, BlockAt blockAt) {
     extremes range;
-    if (!writeHeader(file, range, count))
-        return false;
     std::vector<NORLEX_logSample> mended;
-    for (std::size_t done = 0; done < count; done += writeBlock) {
+    std::size_t done = 0;
+    do {
         std::span<const NORLEX_logSample> block = blockAt(done, std::min(writeBlock, count - done));
         if (!range.take(block)) {
             mended.assign(block.begin(), block.end());
@@ -107,10 +107,14 @@ bool writeFile(std::FILE* file, std::size_t count, BlockAt blockAt) {
                     sample.value = NORLEX_missingValue;
             block = mended;
         }
-        if (std::fwrite(block.data(), sizeof(NORLEX_logSample), block.size(), file) != block.size())
+        if ((done == 0 && !writeHeader(file, range, count))
+            || std::fwrite(block.data(), sizeof(NORLEX_logSample), block.size(), file)
+                   != block.size())
             return false;
-    }
-    return seek(file, 0) && writeHeader(file, range, count) && fseeko(file, 0, SEEK_END) == 0;
+        done += writeBlock;
+    } while (done < count);
+    return count <= writeBlock
+           || (seek(file, 0) && writeHeader(file, range, count) && fseeko(file, 0, SEEK_END) == 0);
 }
 
 bool damaged(const std::wstring& path, const std::wstring& why) {

@@ -87,13 +87,18 @@ inline fs::path fileFolder(const NORLEX_wellContainer& container) {
 }
 
 // What lies below the file directory. A living connection keeps a journal of its file changes in
-// ".pending", empty while no transaction is open.
+// ".pending", which says at its end that no transaction is open.
 struct stored {
     std::size_t samples = 0;
     std::size_t emptyFolders = 0; // of wells
     std::size_t pending = 0;      // everything in ".pending"
-    std::size_t unfinished = 0;   // of that, files that are not empty
+    std::size_t unfinished = 0;   // of that, all but such journals
 };
+inline bool isClosedJournal(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string lines(std::istreambuf_iterator<char>(file), {});
+    return path.extension() == ".changes" && (lines.empty() || lines.ends_with("\nE\n"));
+}
 inline stored filesOf(const fs::path& folder) {
     stored out;
     std::error_code code;
@@ -103,7 +108,7 @@ inline stored filesOf(const fs::path& folder) {
         const fs::path& path = it->path();
         if (path.string().find("/.pending/") != std::string::npos) {
             ++out.pending;
-            out.unfinished += it->is_regular_file(gone) && it->file_size(gone) > 0 ? 1U : 0U;
+            out.unfinished += it->is_regular_file(gone) && !isClosedJournal(path) ? 1U : 0U;
         } else if (path.extension() == ".wpdb") {
             ++out.samples;
         } else if (path.filename() != ".pending" && it->is_directory(gone)

@@ -53,8 +53,9 @@ private:
         const auto all = files::listTree(container->getFileContainerPath());
         return static_cast<std::size_t>(
             std::count_if(all.begin(), all.end(), [](const std::wstring& path) {
-                // a living connection keeps an empty journal of its file changes
-                return !files::nameOf(path).starts_with(L"journal.db") && files::size(path) != 0U;
+                // a living connection keeps a journal of its file changes
+                return !files::nameOf(path).starts_with(L"journal.db")
+                       && !path.ends_with(L".changes");
             }));
     }
 

@@ -59,11 +59,11 @@ TEST(Progress, reportsEachHundredthAndTheEnd) {
         std::size_t reports;
         std::uint64_t last;
     } cases[] = {
-        {"small steps",                      10000, 1,    100, 10000 },
-        {"steps greater than a hundredth",   1000,  300,  4,   1200  },
-        {"fewer units than reports",         5,     1,    5,   5     },
-        {"a rest behind the last hundredth", 1055,  1,    106, 1055  }, // each 10
-        {"unknown total",                    0,     1000, 3,   198000}, // each 65536
+        {"small steps", 10000, 1, 100, 10000},
+        {"steps greater than a hundredth", 1000, 300, 4, 1200},
+        {"fewer units than reports", 5, 1, 5, 5},
+        {"a rest behind the last hundredth", 1055, 1, 106, 1055}, // each 10
+        {"unknown total", 0, 1000, 3, 198000},                    // each 65536
     };
     for (const auto& c : cases) {
         const auto sink = std::make_shared<recorder>();

@@ -18,18 +18,18 @@ TEST(Strconv, readsUtf8AndReplacesWhatIsNone) {
         std::wstring text;
         bool isWhole;
     } cases[] = {
-        {"empty",          "",                                     L"",                        true },
-        {"2 bytes",        "a\xD0\x96\xC2\x80\xDF\xBF",            L"a\u0416\u0080\u07FF",     true },
-        {"3 bytes",        "\xE2\x84\x96\xE0\xA0\x80\xEF\xBF\xBE", L"\u2116\u0800\uFFFE",      true },
-        {"4 bytes",        "\xF0\x90\x80\x80\xF0\x9F\x9B\xA2",     L"\U00010000\U0001F6E2",    true },
-        {"last",           "\xF4\x8F\xBF\xBF",                     L"\U0010FFFF",              true },
-        {"much ASCII",     "0123456789abcdefg\xC2\xB0",            L"0123456789abcdefg\u00B0", true },
-        {"NUL inside",     zero,                                   wideZero,                   true },
-        {"overlong",       "\xC0\xAF\xE0\x80\xBF\xF0\x81\x82\x41", L"????????A",               false},
-        {"surrogates",     "\xED\xA0\x80\xED\xBF\xBF\xED\xAF\x41", L"????????A",               false},
-        {"too high",       "\xF4\x91\x92\x93\xFF\x41\x80\xBF\x42", L"?????A??B",               false},
-        {"cut characters", "\xE1\x80\xE2\xF0\x91\x92\xF1\xBF\x41", L"????A",                   false},
-        {"cut at the end", "ab\xE2\x84",                           L"ab?",                     false},
+        {"empty", "", L"", true},
+        {"2 bytes", "a\xD0\x96\xC2\x80\xDF\xBF", L"a\u0416\u0080\u07FF", true},
+        {"3 bytes", "\xE2\x84\x96\xE0\xA0\x80\xEF\xBF\xBE", L"\u2116\u0800\uFFFE", true},
+        {"4 bytes", "\xF0\x90\x80\x80\xF0\x9F\x9B\xA2", L"\U00010000\U0001F6E2", true},
+        {"last", "\xF4\x8F\xBF\xBF", L"\U0010FFFF", true},
+        {"much ASCII", "0123456789abcdefg\xC2\xB0", L"0123456789abcdefg\u00B0", true},
+        {"NUL inside", zero, wideZero, true},
+        {"overlong", "\xC0\xAF\xE0\x80\xBF\xF0\x81\x82\x41", L"????????A", false},
+        {"surrogates", "\xED\xA0\x80\xED\xBF\xBF\xED\xAF\x41", L"????????A", false},
+        {"too high", "\xF4\x91\x92\x93\xFF\x41\x80\xBF\x42", L"?????A??B", false},
+        {"cut characters", "\xE1\x80\xE2\xF0\x91\x92\xF1\xBF\x41", L"????A", false},
+        {"cut at the end", "ab\xE2\x84", L"ab?", false},
     };
     for (const auto& c : cases) {
         std::wstring shown = fromUtf8(c.bytes);
@@ -60,14 +60,14 @@ TEST(Strconv, encodesAndDecodes) {
         std::string bytes;
         std::wstring back;
     } cases[] = {
-        {windows1251, "A\xC6\xFF\xA8\xB9\xB0",                         text                         },
-        {cp866,       "A\x86\xEF\xF0\xFC\xF8",                         text                         },
-        {koi8r,       "A\xF6\xD1\xB3?\x9C",                            L"A\u0416\u044F\u0401?\u00B0"},
-        {iso8859_5,   "A\xB6\xEF\xA1\xF0?",                            L"A\u0416\u044F\u0401\u2116?"},
-        {iso8859_1,   "A????\xB0",                                     L"A????\u00B0"               },
-        {utf8,        "A\xD0\x96\xD1\x8F\xD0\x81\xE2\x84\x96\xC2\xB0", text                         },
-        {utf16le,     "A\0\x16\x04\x4F\x04\x01\x04\x16\x21\xB0\0"s,    text                         },
-        {utf16be,     "\0A\x04\x16\x04\x4F\x04\x01\x21\x16\0\xB0"s,    text                         },
+        {windows1251, "A\xC6\xFF\xA8\xB9\xB0", text},
+        {cp866, "A\x86\xEF\xF0\xFC\xF8", text},
+        {koi8r, "A\xF6\xD1\xB3?\x9C", L"A\u0416\u044F\u0401?\u00B0"},
+        {iso8859_5, "A\xB6\xEF\xA1\xF0?", L"A\u0416\u044F\u0401\u2116?"},
+        {iso8859_1, "A????\xB0", L"A????\u00B0"},
+        {utf8, "A\xD0\x96\xD1\x8F\xD0\x81\xE2\x84\x96\xC2\xB0", text},
+        {utf16le, "A\0\x16\x04\x4F\x04\x01\x04\x16\x21\xB0\0"s, text},
+        {utf16be, "\0A\x04\x16\x04\x4F\x04\x01\x21\x16\0\xB0"s, text},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(encode(text, c.encoding), c.bytes) << name(c.encoding);
@@ -102,14 +102,14 @@ TEST(Strconv, findsMarks) {
         encodings encoding;
         std::size_t length;
     } cases[] = {
-        {"\xEF\xBB\xBF~V",       utf8,    3},
-        {"\xFF\xFE~\0"s,         utf16le, 2},
-        {"\xFE\xFF\0~"s,         utf16be, 2},
+        {"\xEF\xBB\xBF~V", utf8, 3},
+        {"\xFF\xFE~\0"s, utf16le, 2},
+        {"\xFE\xFF\0~"s, utf16be, 2},
         {"\xFF\xFE\0\0~\0\0\0"s, utf32le, 4}, // begins as UTF-16 LE does
         {"\0\0\xFE\xFF\0\0\0~"s, utf32be, 4},
-        {"\xEF\xBB",             detect,  0},
-        {"~V",                   detect,  0},
-        {"",                     detect,  0},
+        {"\xEF\xBB", detect, 0},
+        {"~V", detect, 0},
+        {"", detect, 0},
     };
     for (const auto& c : cases) {
         const mark found = findMark(c.bytes);
@@ -178,21 +178,21 @@ TEST(Strconv, detectsTheOtherEncodings) {
         std::wstring text;
         encodings encoding;
     } cases[] = {
-        {"ASCII",                            L"Well 7",                               utf8       },
-        {"UTF-8",                            L"Скважина",                     utf8       },
-        {"UTF-8 with one sign",              L"ohm·m",                               utf8       },
-        {"degrees",                          L"12\u00B0 C",                           iso8859_1  },
-        {"microseconds",                     L"\u00B5s/ft",                           iso8859_1  },
-        {"accents inside words",             L"Soci\u00E9t\u00E9 G\u00E9n\u00E9rale", iso8859_1  },
-        {"accent first",                     L"\u00C5sgard",                          iso8859_1  },
-        {"accent in capitals",               L"S\u00C3O PAULO",                       iso8859_1  },
-        {"degrees among Cyrillic",           L"Угол, °; Азимут",           windows1251},
-        {"rules around Cyrillic",            rule + L"\nСкважина\n" + rule,   cp866      },
-        {"letters that are UTF-8 by chance", L"скв. 101",                          cp866      },
-        {"UTF-16 LE",                        L"Глубина 1",                     utf16le    },
-        {"UTF-16 BE",                        L"Глубина 1",                     utf16be    },
-        {"UTF-32 LE",                        L"Глубина 1",                     utf32le    },
-        {"UTF-32 BE",                        L"Глубина 1",                     utf32be    },
+        {"ASCII", L"Well 7", utf8},
+        {"UTF-8", L"Скважина", utf8},
+        {"UTF-8 with one sign", L"ohm·m", utf8},
+        {"degrees", L"12\u00B0 C", iso8859_1},
+        {"microseconds", L"\u00B5s/ft", iso8859_1},
+        {"accents inside words", L"Soci\u00E9t\u00E9 G\u00E9n\u00E9rale", iso8859_1},
+        {"accent first", L"\u00C5sgard", iso8859_1},
+        {"accent in capitals", L"S\u00C3O PAULO", iso8859_1},
+        {"degrees among Cyrillic", L"Угол, °; Азимут", windows1251},
+        {"rules around Cyrillic", rule + L"\nСкважина\n" + rule, cp866},
+        {"letters that are UTF-8 by chance", L"скв. 101", cp866},
+        {"UTF-16 LE", L"Глубина 1", utf16le},
+        {"UTF-16 BE", L"Глубина 1", utf16be},
+        {"UTF-32 LE", L"Глубина 1", utf32le},
+        {"UTF-32 BE", L"Глубина 1", utf32be},
     };
     for (const auto& c : cases) {
         const bool isWide = c.encoding >= utf16le && c.encoding <= utf32be;
@@ -237,11 +237,11 @@ TEST(Strconv, changesCaseInAnyScript) {
         const wchar_t* lower;
         const wchar_t* upper;
     } cases[] = {
-        {L"Well-7 [@`{]",     L"well-7 [@`{]",     L"WELL-7 [@`{]"    },
+        {L"Well-7 [@`{]", L"well-7 [@`{]", L"WELL-7 [@`{]"},
         {L"Скв. Ёлка", L"скв. ёлка", L"СКВ. ЁЛКА"},
-        {L"Straße",          L"straße",          L"STRASSE"         },
-        {L"I",                L"i",                L"I"               }, // whatever language the machine speaks
-        {L"\U00010400",       L"\U00010428",       L"\U00010400"      },
+        {L"Straße", L"straße", L"STRASSE"},
+        {L"I", L"i", L"I"}, // whatever language the machine speaks
+        {L"\U00010400", L"\U00010428", L"\U00010400"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(lower(c.text), c.lower);

@@ -25,18 +25,18 @@ TEST_F(StringTable, speaksRussianUntilToldOtherwise) {
         const wchar_t* russian;
         const wchar_t* english;
     } cases[] = {
-        {stringTable::typeMarker,         L"Маркер",                             L"Marker"            },
-        {stringTable::borderTemplateName, L"Граница корреляции",      L"Correlation border"},
-        {stringTable::typeVDMAvg,         L"Средняя скорость",          L"Average velocity"  },
-        {stringTable::fieldTypeError,     L"Ошибка",                             L"Error"             },
-        {stringTable::fieldName,          L"Название",                         L"Name"              },
-        {stringTable::fieldFromPipe,      L"Закреплено трубами от", L"Cased from"        },
-        {stringTable::fieldComment,       L"Описание",                         L"Description"       },
-        {stringTable::shortDiameter,      L"Diametr",                                  L"Diametr"           },
-        {stringTable::lasField,           L"Наименование площади",  L"Field name"        },
-        {12,                              L"",                                         L""                  },
-        {0,                               L"",                                         L""                  },
-        {4000000000U,                     L"",                                         L""                  },
+        {stringTable::typeMarker, L"Маркер", L"Marker"},
+        {stringTable::borderTemplateName, L"Граница корреляции", L"Correlation border"},
+        {stringTable::typeVDMAvg, L"Средняя скорость", L"Average velocity"},
+        {stringTable::fieldTypeError, L"Ошибка", L"Error"},
+        {stringTable::fieldName, L"Название", L"Name"},
+        {stringTable::fieldFromPipe, L"Закреплено трубами от", L"Cased from"},
+        {stringTable::fieldComment, L"Описание", L"Description"},
+        {stringTable::shortDiameter, L"Diametr", L"Diametr"},
+        {stringTable::lasField, L"Наименование площади", L"Field name"},
+        {12, L"", L""},
+        {0, L"", L""},
+        {4000000000U, L"", L""},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(NORLEX_getText(c.id), c.russian);

@@ -48,18 +48,18 @@ TEST_F(TableReader, splitsRowsIntoCells) {
         std::string bytes;
         std::wstring rows; // each cell followed by a bar, each row by "/"
     } cases[] = {
-        {"empty file",                    "",                                     L""                              },
-        {"plain",                         "a;b\nc;d\n",                           L"a|b|/c|d|/"                    },
-        {"CR LF, no end at the last",     "a;b\r\nc;d",                           L"a|b|/c|d|/"                    },
-        {"empty cells",                   ";a;\n;;\n",                            L"|a||/|||/"                     },
-        {"empty lines are no rows",       "a;b\n\n  \nc;d\n\n",                   L"a|b|/c|d|/"                    },
-        {"rows of other lengths",         "a;b\nc\nd;e;f\n",                      L"a|b|/c|/d|e|f|/"               },
-        {"blanks around",                 " a ; b c \n",                          L"a|b c|/"                       },
-        {"blanks in quotes",              "\" a \"; \"b\" \n",                    L" a |b|/"                       },
-        {"separator and quote in quotes", "\"a;b\";\"say \"\"x\"\"\"\n",          L"a;b|say \"x\"|/"               },
-        {"line ends in quotes",           "\"a\r\n\r\nb;\";c\nd;e\n",             L"a\n\nb;|c|/d|e|/"              },
-        {"empty quotes",                  "\"\";a\n\"\"\n",                       L"|a|/|/"                        },
-        {"inches",                        "5\" casing;7\"\n\"5\"\" casing\";1\n", L"5\" casing|7\"|/5\" casing|1|/"},
+        {"empty file", "", L""},
+        {"plain", "a;b\nc;d\n", L"a|b|/c|d|/"},
+        {"CR LF, no end at the last", "a;b\r\nc;d", L"a|b|/c|d|/"},
+        {"empty cells", ";a;\n;;\n", L"|a||/|||/"},
+        {"empty lines are no rows", "a;b\n\n  \nc;d\n\n", L"a|b|/c|d|/"},
+        {"rows of other lengths", "a;b\nc\nd;e;f\n", L"a|b|/c|/d|e|f|/"},
+        {"blanks around", " a ; b c \n", L"a|b c|/"},
+        {"blanks in quotes", "\" a \"; \"b\" \n", L" a |b|/"},
+        {"separator and quote in quotes", "\"a;b\";\"say \"\"x\"\"\"\n", L"a;b|say \"x\"|/"},
+        {"line ends in quotes", "\"a\r\n\r\nb;\";c\nd;e\n", L"a\n\nb;|c|/d|e|/"},
+        {"empty quotes", "\"\";a\n\"\"\n", L"|a|/|/"},
+        {"inches", "5\" casing;7\"\n\"5\"\" casing\";1\n", L"5\" casing|7\"|/5\" casing|1|/"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(shown(read(c.bytes)), c.rows) << c.where;
@@ -78,16 +78,16 @@ TEST_F(TableReader, findsTheSeparatorUnlessItIsGiven) {
         char used;
         std::size_t cells; // of the last row
     } cases[] = {
-        {"semicolon before decimal commas",  "1,5;2,5\n3,5;4,5\n",       0,    ';',  2},
-        {"tab before decimal commas",        "1,5\t2,5\n3,5\t4,5\n",     0,    '\t', 2},
-        {"comma",                            "a,b,c\n1,2,3\n",           0,    ',',  3},
-        {"comma, one cell with a semicolon", "a,b\n1,x; y\n3,4\n5,6\n",  0,    ',',  2},
-        {"inside quotes it does not count",  "\"a;b\",1\n\"c;d\",2\n",   0,    ',',  2},
-        {"title without separators",         "Dictionary\n\n1;a\n2;b\n", 0,    ';',  2},
-        {"one column",                       "a\nb\n",                   0,    ';',  1},
-        {"given",                            "1,5;2,5\n",                ',',  ',',  3},
-        {"tab given",                        "a b\t c\n",                '\t', '\t', 2},
-        {"empty cells between tabs",         "a\t\tb\n\t\tc\n",          0,    '\t', 3},
+        {"semicolon before decimal commas", "1,5;2,5\n3,5;4,5\n", 0, ';', 2},
+        {"tab before decimal commas", "1,5\t2,5\n3,5\t4,5\n", 0, '\t', 2},
+        {"comma", "a,b,c\n1,2,3\n", 0, ',', 3},
+        {"comma, one cell with a semicolon", "a,b\n1,x; y\n3,4\n5,6\n", 0, ',', 2},
+        {"inside quotes it does not count", "\"a;b\",1\n\"c;d\",2\n", 0, ',', 2},
+        {"title without separators", "Dictionary\n\n1;a\n2;b\n", 0, ';', 2},
+        {"one column", "a\nb\n", 0, ';', 1},
+        {"given", "1,5;2,5\n", ',', ',', 3},
+        {"tab given", "a b\t c\n", '\t', '\t', 2},
+        {"empty cells between tabs", "a\t\tb\n\t\tc\n", 0, '\t', 3},
     };
     for (const auto& c : cases) {
         const table rows = read(c.bytes, {detect, c.given});
@@ -119,12 +119,12 @@ TEST_F(TableReader, refusesABrokenQuoteAndNamesTheLine) {
         std::string bytes;
         const wchar_t* said;
     } cases[] = {
-        {"text behind the closing quote",                 "\"North\" field;1\n",              L"line 4 "},
-        {"quotes not doubled",                            "\"Well \"North\"\";1\n",           L"line 4 "},
-        {"quote in an unquoted cell beside a quoted one", "\"a\";5\" pipe\n",                 L"line 4 "},
-        {"not closed at the end of the file",             "\n\"a;b\nc;d\n",                   L"line 5 "},
-        {"closed too late",                               "\"" + half + "\n" + half + "\"\n", L"line 4 "},
-        {"line too long",                                 half + half,                        L"line 4 "},
+        {"text behind the closing quote", "\"North\" field;1\n", L"line 4 "},
+        {"quotes not doubled", "\"Well \"North\"\";1\n", L"line 4 "},
+        {"quote in an unquoted cell beside a quoted one", "\"a\";5\" pipe\n", L"line 4 "},
+        {"not closed at the end of the file", "\n\"a;b\nc;d\n", L"line 5 "},
+        {"closed too late", "\"" + half + "\n" + half + "\"\n", L"line 4 "},
+        {"line too long", half + half, L"line 4 "},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(read(good + c.bytes + "p;q\n", {utf8, ';'}).size(), 2U) << c.where;

@@ -85,19 +85,19 @@ TEST_F(Textio, endsLinesAtEveryKindOfEnd) {
         std::string bytes;
         std::string lines; // each followed by a bar
     } cases[] = {
-        {"empty file",                            "",                 ""              },
-        {"LF",                                    "a\n\nb\n",         "a||b|"         },
-        {"CR LF, the last without",               "a\r\n\r\nb",       "a||b|"         },
-        {"CR alone",                              "a\r\rb\r",         "a||b|"         },
-        {"CR alone, the last without",            "a\rb",             "a|b|"          },
-        {"CR CR LF, as text mode doubles it",     "a\r\r\nb\r\r\n",   "a|b|"          },
-        {"CR inside a file of LF is a character", "a\rb\nc\n",        "a\rb|c|"       },
-        {"one line, no end",                      "a",                "a|"            },
-        {"NUL is a character",                    zero + "\n",        zero + "|"      },
-        {"mark taken off",                        "\xEF\xBB\xBF~A\n", "~A|"           },
-        {"mark alone",                            "\xEF\xBB\xBF",     ""              },
-        {"UTF-16 with CR alone",                  utf16,              "a|b|"          },
-        {"UTF-32 with half a unit at the end",    halfUnit,           "a\xEF\xBF\xBD|"},
+        {"empty file", "", ""},
+        {"LF", "a\n\nb\n", "a||b|"},
+        {"CR LF, the last without", "a\r\n\r\nb", "a||b|"},
+        {"CR alone", "a\r\rb\r", "a||b|"},
+        {"CR alone, the last without", "a\rb", "a|b|"},
+        {"CR CR LF, as text mode doubles it", "a\r\r\nb\r\r\n", "a|b|"},
+        {"CR inside a file of LF is a character", "a\rb\nc\n", "a\rb|c|"},
+        {"one line, no end", "a", "a|"},
+        {"NUL is a character", zero + "\n", zero + "|"},
+        {"mark taken off", "\xEF\xBB\xBF~A\n", "~A|"},
+        {"mark alone", "\xEF\xBB\xBF", ""},
+        {"UTF-16 with CR alone", utf16, "a|b|"},
+        {"UTF-32 with half a unit at the end", halfUnit, "a\xEF\xBF\xBD|"},
     };
     for (const auto& c : cases) {
         const auto count = std::count(c.lines.begin(), c.lines.end(), '|');
@@ -123,13 +123,13 @@ TEST_F(Textio, readsLongFilesAlikeWhateverTheFormAndTheWay) {
         const char* end;
         const lines& expected;
     } cases[] = {
-        {"LF",                  utf8,    "\n",   russian},
-        {"CR LF",               utf8,    "\r\n", russian},
-        {"CR",                  utf8,    "\r",   russian},
-        {"two bytes",           utf16le, "\r\n", russian},
-        {"surrogate pairs",     utf16be, "\n",   pairs  },
-        {"surrogate pairs, CR", utf16le, "\r",   pairs  },
-        {"four bytes, CR",      utf32be, "\r",   pairs  },
+        {"LF", utf8, "\n", russian},
+        {"CR LF", utf8, "\r\n", russian},
+        {"CR", utf8, "\r", russian},
+        {"two bytes", utf16le, "\r\n", russian},
+        {"surrogate pairs", utf16be, "\n", pairs},
+        {"surrogate pairs, CR", utf16le, "\r", pairs},
+        {"four bytes, CR", utf32be, "\r", pairs},
     };
     for (const auto& c : cases) {
         const std::wstring text = L"\uFEFF" + fromUtf8(join(c.expected, c.end));
@@ -157,13 +157,13 @@ TEST_F(Textio, refusesALineOfMoreThanTheLimit) {
         std::size_t lines;
         bool isTooLong;
     } cases[] = {
-        {"the limit, LF",          std::string(maxLine,                  'x') + "\nab\n",     2, false},
-        {"the limit, CR LF",       std::string(maxLine,                  'x') + "\r\nab\r\n", 2, false},
-        {"the limit, end of file", "ab\n" + std::string(maxLine,         'x'),                2, false},
-        {"one more, LF",           "ab\n" + std::string(maxLine + 1,     'x') + "\nab\n",     1, true },
-        {"one more, end of file",  "ab\n" + std::string(maxLine + 1,     'x'),                1, true },
-        {"junk",                   "ab\n" + std::string(5 * maxLine,     '\xFF'),             1, true },
-        {"junk in UTF-16",         "\xFF\xFE" + std::string(5 * maxLine, 'x'),                0, true },
+        {"the limit, LF", std::string(maxLine, 'x') + "\nab\n", 2, false},
+        {"the limit, CR LF", std::string(maxLine, 'x') + "\r\nab\r\n", 2, false},
+        {"the limit, end of file", "ab\n" + std::string(maxLine, 'x'), 2, false},
+        {"one more, LF", "ab\n" + std::string(maxLine + 1, 'x') + "\nab\n", 1, true},
+        {"one more, end of file", "ab\n" + std::string(maxLine + 1, 'x'), 1, true},
+        {"junk", "ab\n" + std::string(5 * maxLine, '\xFF'), 1, true},
+        {"junk in UTF-16", "\xFF\xFE" + std::string(5 * maxLine, 'x'), 0, true},
     };
     for (const auto& c : cases) {
         ASSERT_TRUE(open(c.bytes)) << c.where;
@@ -213,11 +213,11 @@ TEST_F(Textio, takesTheEncodingFromMarkCallerOrBytes) {
         encodings used;
         std::wstring text;
     } cases[] = {
-        {"bytes",                      word,      detect,      cp866,   depth       },
-        {"caller",                     word,      koi8r,       koi8r,   koi8        },
-        {"a mark outranks the caller", marked,    windows1251, utf8,    depth       },
-        {"UTF-16 without a mark",      wide,      detect,      utf16le, L"Depth, м"},
-        {"UTF-16 of the caller",       shortWide, utf16be,     utf16be, L"м"       },
+        {"bytes", word, detect, cp866, depth},
+        {"caller", word, koi8r, koi8r, koi8},
+        {"a mark outranks the caller", marked, windows1251, utf8, depth},
+        {"UTF-16 without a mark", wide, detect, utf16le, L"Depth, м"},
+        {"UTF-16 of the caller", shortWide, utf16be, utf16be, L"м"},
     };
     for (const auto& c : cases) {
         ASSERT_TRUE(open(c.bytes, c.asked)) << c.where;

@@ -1,5 +1,7 @@
+#include "NORLEX_lastError.h"
 #include "odbc_database.h"
 #include "platform/files.h"
+#include "platform/last_error.h"
 #include "platform/transaction.h"
 #include "platform/transaction_files.h"
 #include "tests/support/temp_folder.h"
@@ -35,6 +37,12 @@ protected:
                        + temp_folder::read(path) + "\n";
         return out;
     }
+    std::wstring journalPath() const {
+        for (const auto& path : files::listTree(root + L".pending"))
+            if (path.ends_with(L".changes"))
+                return path;
+        return {};
+    }
     std::int64_t markers() {
         const auto rows = db.query(L"SELECT count(*) FROM meta");
         return rows && rows->next() ? rows->get_counter(0) : -1;
@@ -67,7 +75,8 @@ void changeEverything(odbc_database& db, const std::wstring& root) {
         return db.files().write(root + name,
                                 [text](std::FILE* file) { return files::put(file, text); });
     };
-    EXPECT_TRUE(put(L"well/new.wpdb", "new"));
+    EXPECT_TRUE(db.files().writeLater(root + L"well/new.wpdb",
+                                      [](std::FILE* file) { return files::put(file, "new"); }));
     EXPECT_TRUE(put(L"old/kept.wpdb", "changed"));
     EXPECT_TRUE(db.files().move(root + L"old/", root + L"moved/deep/"));
     EXPECT_TRUE(put(L"moved/deep/kept.wpdb", "changed again"));
@@ -116,6 +125,9 @@ TEST_F(TransactionFilesTest, aDeadProcessIsFinishedOrUndone) {
     folder.write(L"a/old/kept.wpdb", "kept");
     folder.write(L"a/gone.wpdb", "gone");
     inDyingProcess([this](odbc_database& own) {
+        transaction finished(&own); // its changes stand in the same journal
+        ASSERT_TRUE(write(own, root + L"early", "1") && own.files().remove(root + L"early"));
+        ASSERT_TRUE(finished.commit());
         static_cast<void>(own.begin_transaction());
         changeEverything(own, root);
     });
@@ -127,12 +139,52 @@ TEST_F(TransactionFilesTest, aDeadProcessIsFinishedOrUndone) {
     inDyingProcess([this](odbc_database& own) {
         static_cast<void>(own.begin_transaction());
         changeEverything(own, root);
-        // Dies between the commit and the removal of its journal.
-        own.after_commit([] { _exit(0); });
+        // As if it died between the commit and the end of its journal.
+        const auto journal = journalPath();
+        const std::string open = temp_folder::read(journal);
         EXPECT_TRUE(own.end_transaction());
+        folder.write(journal.substr((folder / L"").size()), open);
     });
     ASSERT_TRUE(db.files().recover());
     EXPECT_EQ(tree(), after);
+}
+
+TEST_F(TransactionFilesTest, aFileThatCannotBeWrittenLaterFailsTheCommit) {
+    const auto fails = [](std::FILE* file) {
+        return files::put(file, "half") && refuse(L"no more");
+    };
+    {
+        transaction t(&db);
+        ASSERT_TRUE(db.files().writeLater(root + L"well/a", fails));
+        ASSERT_TRUE(db.exec(L"INSERT INTO meta (key) VALUES ('row')"));
+        EXPECT_FALSE(t.commit());
+        EXPECT_EQ(NORLEX_lastError(), L"no more") << "told by the thread that commits";
+    }
+    EXPECT_EQ(tree(), "");
+    EXPECT_EQ(markers(), 0);
+
+    transaction outer(&db);
+    ASSERT_TRUE(write(db, root + L"kept", "1"));
+    {
+        transaction inner(&db);
+        ASSERT_TRUE(db.files().writeLater(root + L"lost", fails));
+    }
+    EXPECT_TRUE(outer.commit()) << "the failure went with its level";
+    EXPECT_EQ(tree(), "kept=1\n");
+}
+
+TEST_F(TransactionFilesTest, whatWasWrittenLaterCanBeChangedAtOnce) {
+    transaction t(&db);
+    for (const char c : std::string("abcdefghij"))
+        ASSERT_TRUE(db.files().writeLater(root + L"x/" + wchar_t(c), [c](std::FILE* file) {
+            return files::put(file, {&c, 1});
+        }));
+    ASSERT_TRUE(db.files().remove(root + L"x/j"));
+    ASSERT_TRUE(db.files().writeLater(root + L"x/i",
+                                      [](std::FILE* file) { return files::put(file, "again"); }));
+    ASSERT_TRUE(db.files().move(root + L"x", root + L"y"));
+    ASSERT_TRUE(t.commit());
+    EXPECT_EQ(tree(), "y/a=a\ny/b=b\ny/c=c\ny/d=d\ny/e=e\ny/f=f\ny/g=g\ny/h=h\ny/i=again\n");
 }
 
 TEST_F(TransactionFilesTest, aLiveProcessIsLeftAlone) {

@@ -80,10 +80,10 @@ TEST_F(XmlNode, readsDocumentsOfOtherPrograms) {
         const char* where;
         std::string bytes;
     } cases[] = {
-        {"UTF-8",              plain   },
-        {"UTF-8 with a mark",  marked  },
-        {"UTF-16 with a mark", wide    },
-        {"declared",           declared},
+        {"UTF-8", plain},
+        {"UTF-8 with a mark", marked},
+        {"UTF-16 with a mark", wide},
+        {"declared", declared},
     };
     for (const auto& c : cases) {
         const std::wstring path = folder.write(L"a.xml", c.bytes);
@@ -106,12 +106,12 @@ TEST_F(XmlNode, refusesWhatIsNoDocument) {
         const char* where;
         const char* bytes;
     } cases[] = {
-        {"empty",           ""                   },
-        {"no XML",          "welldb"             },
-        {"not closed",      "<tree><node></tree>"},
-        {"another root",    "<forest/>"          },
-        {"comment alone",   "<!-- tree -->"      },
-        {"declaration cut", "<?xml encoding="    },
+        {"empty", ""},
+        {"no XML", "welldb"},
+        {"not closed", "<tree><node></tree>"},
+        {"another root", "<forest/>"},
+        {"comment alone", "<!-- tree -->"},
+        {"declaration cut", "<?xml encoding="},
     };
     for (const auto& c : cases) {
         const std::wstring path = folder.write(L"bad.xml", c.bytes);

@@ -26,15 +26,8 @@ protected:
 
     // A log of samples at 10, 20 and 30 metres, measured and absolute depths as given.
     [[nodiscard]] bool makeLog(const NORLEX_propDescription& prop) const {
-        return NORLEX_wellProperty::createLAS(db(),
-                                              wellId(),
-                                              prop,
-                                              L"made",
-                                              {
-                                                  {10, 90, 1.5},
-                                                  {20, 80, 2.5},
-                                                  {30, 70, 3.5}
-        });
+        return NORLEX_wellProperty::createLAS(
+            db(), wellId(), prop, L"made", {{10, 90, 1.5}, {20, 80, 2.5}, {30, 70, 3.5}});
     }
 
     static inclData station(double depth, double angle, double azimuth) {
@@ -56,7 +49,7 @@ protected:
                                                          : L"")));
         for (const auto& path : files::listTree(container->getFileContainerPath()))
             if (!files::nameOf(path).starts_with(L"journal.db") && !path.ends_with(L".pt")
-                && files::size(path) != 0U) // nor the journals of an open connection
+                && !path.ends_with(L".changes")) // nor the journals of an open connection
                 out[path] = temp_folder::read(path);
         return out;
     }

@@ -1,0 +1,49 @@
+#include "platform/write_queue.h"
+
+#include "NORLEX_lastError.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr std::size_t mostWaiting = 4;
+} // namespace
+
+void write_queue::add(std::size_t change, task write) {
+    std::unique_lock lock(m_mutex);
+    if (!m_thread.joinable())
+        m_thread = std::jthread([this](const std::stop_token& stop) { run(stop); });
+    m_changed.wait(lock, [this] { return m_waiting.size() < mostWaiting; });
+    m_waiting.emplace_back(change, std::move(write));
+    m_changed.notify_all();
+}
+
+void write_queue::wait() {
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_waiting.empty(); });
+}
+
+std::wstring write_queue::failure() const {
+    const std::scoped_lock lock(m_mutex);
+    return m_failed.empty() ? std::wstring() : m_failed.front().why;
+}
+
+void write_queue::forgetFailures(std::size_t firstChange) {
+    const std::scoped_lock lock(m_mutex);
+    std::erase_if(m_failed, [&](const failed& one) { return one.change >= firstChange; });
+}
+
+void write_queue::run(const std::stop_token& stop) {
+    std::unique_lock lock(m_mutex);
+    while (m_changed.wait(lock, stop, [this] { return !m_waiting.empty(); })) {
+        auto& [change, write] = m_waiting.front(); // stays in its place while others are added
+        lock.unlock();
+        const bool written = write();
+        write = nullptr; // what it holds goes now
+        lock.lock();
+        if (!written)
+            m_failed.push_back({change, NORLEX_lastError()});
+        m_waiting.pop_front();
+        m_changed.notify_all();
+    }
+}

@@ -1,0 +1,41 @@
+// Files that a transaction writes while it goes on with its rows.
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+// One thread writes one file after the other. It is started with the first one.
+class write_queue {
+public:
+    // Answers false with the last error set when the file cannot be written.
+    using task = std::function<bool()>;
+
+    // `change` is the place of the file among the changes of its transaction. Waits while several
+    // files wait already, so that what they are made of does not pile up in memory.
+    void add(std::size_t change, task write);
+    void wait(); // until all are written, or failed
+
+    // Why a file was not written; empty: all were, as far as it is known.
+    [[nodiscard]] std::wstring failure() const;
+    void forgetFailures(std::size_t firstChange); // of this change and later ones
+
+private:
+    struct failed {
+        std::size_t change;
+        std::wstring why;
+    };
+
+    void run(const std::stop_token& stop);
+
+    mutable std::mutex m_mutex;
+    std::condition_variable_any m_changed;
+    std::deque<std::pair<std::size_t, task>> m_waiting; // the first one is being written
+    std::vector<failed> m_failed;
+    std::jthread m_thread; // the last member: it ends first
+};
