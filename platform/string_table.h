@@ -84,6 +84,9 @@ enum : unsigned int {
     lasWell = 155,
     lasField = 156,
 
+    // Passport keys of wells that were columns of their own once, in the order of those columns.
+    passportWellType = 500, // to 525
+
     upgradeFailed = 439,   // %1: path of the database
     upgradeQuestion = 440, // %1: path of the database
 };

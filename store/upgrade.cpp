@@ -1,16 +1,82 @@
 #include "store/upgrade.h"
 
 #include "NORLEX_contDescription.h"
+#include "NORLEX_lastError.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/messages.h"
 #include "platform/sql_text.h"
+#include "platform/string_table.h"
+#include "platform/transaction.h"
+#include "store/journal.h"
 #include "store/schema.h"
+#include "store/upgrade_backup.h"
+#include "store/upgrade_steps.h"
+#include "store/upgrade_tools.h"
 
 using namespace sqlText;
 
 namespace upgrade {
 
 using schema::currentVersion;
+
+namespace {
+
+std::wstring versionFound(const std::wstring& path, int version) {
+    return sql(L"cannot open ",
+               path,
+               L": it is of version ",
+               key(version),
+               L", version ",
+               key(currentVersion),
+               L" is needed; ");
+}
+
+bool nameBorderTemplate(odbc_database& db) {
+    const std::wstring text = quoted(stringTable::text(stringTable::borderTemplateName));
+    return change(db,
+                  L"base_template",
+                  sql(L"UPDATE base_template SET name = ",
+                      text,
+                      L", description = ",
+                      text,
+                      L" WHERE type = 'NORLEX_dataTypeBorder'"));
+}
+
+bool runSteps(odbc_database& db, int version) {
+    for (const step& one : steps())
+        if (version < one.below && !one.run(db))
+            return false;
+    // What no step makes, because it was part of the first containers or of none.
+    return schema::create(db, schema::containerTables()) && schema::createIndexes(db);
+}
+
+// The write lock is taken first: another program may have been quicker.
+bool runChain(odbc_database& db) {
+    transaction whole(&db);
+    if (!whole.isOpen())
+        return refuse(db.last_error());
+    const int version = storedVersion(db);
+    if (version >= currentVersion)
+        return true;
+    return nameBorderTemplate(db) && runSteps(db, version)
+           && db.exec(sql(L"UPDATE base_version SET version = ", key(currentVersion)))
+           && whole.commit();
+}
+
+bool isAgreed(const std::wstring& path, int version) {
+    return messages::askYesNo(stringTable::text(stringTable::upgradeQuestion, path))
+           || refuse(versionFound(path, version) + L"its upgrade was not agreed to");
+}
+
+// The user's box may run code that sets another line.
+bool refuseWithMessage(const std::wstring& path, int version) {
+    const std::wstring why = NORLEX_lastError();
+    messages::showError(stringTable::text(stringTable::upgradeFailed, path));
+    return refuse(sql(versionFound(path, version), L"its upgrade failed and was undone: ", why));
+}
+
+} // namespace
 
 int storedVersion(odbc_database& db) {
     int version = 0;
@@ -22,22 +88,28 @@ int storedVersion(odbc_database& db) {
 
 bool isSupported(odbc_database& db, const NORLEX_contDescription& description) {
     const int version = storedVersion(db);
-    if (version == currentVersion)
-        return true;
-    const std::wstring what = sql(L"cannot open ", description.path, L": it ");
     if (version == 0)
-        return refuse(sql(what,
-                          L"is no well database, its schema version cannot be read",
+        return refuse(sql(L"cannot open ",
+                          description.path,
+                          L": it is no well database, its schema version cannot be read",
                           db.last_error().empty() ? L"" : L" (" + db.last_error() + L")"));
-    const std::wstring found = sql(
-        what, L"is of version ", key(version), L", version ", key(currentVersion), L" is needed; ");
-    if (version > currentVersion)
-        return refuse(found + L"a newer release of this library reads it");
-    return refuse(found + L"the upgrade of older containers is not available yet");
+    return version <= currentVersion
+           || refuse(versionFound(description.path, version)
+                     + L"a newer release of this library reads it");
 }
 
 bool bringUpToDate(odbc_database& db, const NORLEX_contDescription& description) {
-    return isSupported(db, description);
+    const std::wstring& path = description.path;
+    const int version = storedVersion(db);
+    if (version == currentVersion)
+        return true;
+    if (!isSupported(db, description) || !isAgreed(path, version))
+        return false;
+    const bool isSafe = description.type != 1 || backUp(db, path, version);
+    if (!isSafe || !runChain(db) || storedVersion(db) != currentVersion)
+        return refuseWithMessage(path, version);
+    journal::add(db, journal::containerObject, journal::upgradeAction, L"");
+    return true;
 }
 
 } // namespace upgrade
