@@ -73,6 +73,41 @@ void addContainerCommands(CLI::App& app, command& chosen) {
     addCommand(app, chosen, helpTexts::info, commands::info, fileOptions);
 }
 
+void addCareCommands(CLI::App& app, command& chosen) {
+    addCommand(
+        app, chosen, helpTexts::upgrade, commands::upgrade, [](CLI::App& c, upgradeRequest& r) {
+            addFile(c, r.file);
+            c.add_flag("--yes", r.yes, "do not ask");
+            addJson(c, r.form);
+        });
+    addCommand(app, chosen, helpTexts::check, commands::check, [](CLI::App& c, checkRequest& r) {
+        addFile(c, r.file);
+        c.add_flag("--repair", r.repair, "remove what nothing leads to, after a backup");
+        addJson(c, r.form);
+    });
+    addCommand(
+        app, chosen, helpTexts::backup, commands::backup, [](CLI::App& c, archiveRequest& r) {
+            addFile(c, r.file);
+            addText(c, "ARCHIVE", "", r.archive, "the zip file to write")->required();
+        });
+    addCommand(
+        app, chosen, helpTexts::restore, commands::restore, [](CLI::App& c, archiveRequest& r) {
+            addText(c, "ARCHIVE", "", r.archive, "the zip file to read")->required();
+            addFile(c, r.file);
+            c.add_flag("--force", r.force, "replace an existing container");
+        });
+    addCommand(
+        app, chosen, helpTexts::optimize, commands::optimize, [](CLI::App& c, optimizeRequest& r) {
+            addFile(c, r.file);
+            auto* const add = c.add_flag("--indexes", r.indexes, "add further indexes");
+            c.add_flag("--no-indexes", r.noIndexes, "remove them")->excludes(add);
+        });
+    addCommand(app, chosen, helpTexts::copy, commands::copy, [](CLI::App& c, copyRequest& r) {
+        addText(c, "FROM", "", r.from, "the container, or a server description")->required();
+        addText(c, "TO", "", r.to, "the new container, or a server description")->required();
+    });
+}
+
 void lasOptions(CLI::App& app, lasRequest& request) {
     addText(app, "FILE", "", request.file, "the LAS file")->required();
     addEncoding(app, request.encoding);
@@ -232,6 +267,7 @@ std::function<int()> parseArguments(int argc, const char* const* argv, int& exit
     app.set_version_flag("--version", "welldb " WELLDB_VERSION);
     app.require_subcommand(1);
     addContainerCommands(app, chosen);
+    addCareCommands(app, chosen);
     titleCommands(app, "Containers");
     addExchangeCommands(app, chosen);
     titleCommands(app, "Files in and out");

@@ -21,6 +21,35 @@ struct fileRequest {
     resultForm form = resultForm::table;
 };
 
+struct upgradeRequest {
+    std::wstring file;
+    bool yes = false;
+    resultForm form = resultForm::table;
+};
+
+struct checkRequest {
+    std::wstring file;
+    bool repair = false;
+    resultForm form = resultForm::table;
+};
+
+struct archiveRequest {
+    std::wstring file;
+    std::wstring archive;
+    bool force = false;
+};
+
+struct optimizeRequest {
+    std::wstring file;
+    bool indexes = false;
+    bool noIndexes = false;
+};
+
+struct copyRequest {
+    std::wstring from;
+    std::wstring to;
+};
+
 struct wellRequest {
     std::wstring file;
     std::wstring well;
@@ -91,6 +120,13 @@ namespace commands {
 
 [[nodiscard]] int create(const createRequest& request);
 [[nodiscard]] int info(const fileRequest& request);
+
+[[nodiscard]] int upgrade(const upgradeRequest& request);
+[[nodiscard]] int check(const checkRequest& request);
+[[nodiscard]] int backup(const archiveRequest& request);
+[[nodiscard]] int restore(const archiveRequest& request);
+[[nodiscard]] int optimize(const optimizeRequest& request);
+[[nodiscard]] int copy(const copyRequest& request);
 
 [[nodiscard]] int las(const lasRequest& request);
 [[nodiscard]] int importLas(const importLasRequest& request);

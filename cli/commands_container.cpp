@@ -54,7 +54,10 @@ int create(const createRequest& request) {
     if (!request.file.ends_with(extension))
         return output::refused(L"the container was not created: the name " + request.file
                                + L" does not end in .well2, by which a container is known");
-    const NORLEX_contDescription description = NORLEX_wellContainer::makeDescription(request.file);
+    const auto found = describeContainer(request.file);
+    if (!found)
+        return output::failure;
+    const NORLEX_contDescription& description = *found;
     std::error_code error;
     const auto status = std::filesystem::symlink_status(text::path(request.file), error);
     // A server description stays where it is: the database that it names is what is made.

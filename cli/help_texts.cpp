@@ -33,6 +33,61 @@ const helpText info{
     "welldb info field.well2 --json",
 };
 
+const helpText upgrade{
+    "upgrade",
+    "bring an older container to the current version",
+    "Brings a container that an older version wrote to the current schema. The database is copied to "
+    "FILE.vN.bak first, N being its version; without a copy nothing is changed. It asks before it "
+    "begins, unless --yes is given. Every other command asks the same of an older container.",
+    "welldb upgrade field.well2 --yes",
+};
+
+const helpText check{
+    "check",
+    "look for what does not belong together",
+    "Looks through a whole container for rows that nothing leads to, logs without a sample file and "
+    "sample files without a log, wells, properties, templates and fields that are there twice, and "
+    "damage of the file. Exit code 1 when something is found. --repair removes what nothing leads "
+    "to, in one transaction, after a backup into FILE.before-repair.zip.",
+    "welldb check field.well2 --json",
+};
+
+const helpText backup{
+    "backup",
+    "write a whole container into one archive",
+    "Writes the database, the action journal and the attached files of a container into one zip "
+    "archive, as they are at one moment. An archive that is there is replaced once the new one is "
+    "whole. A container on a server becomes a local one in the archive.",
+    "welldb backup field.well2 field-2024.zip",
+};
+
+const helpText restore{
+    "restore",
+    "make a container of an archive",
+    "Makes a container of an archive that backup wrote. Everything is read and checked before "
+    "anything is touched. A file that exists is left alone unless --force says to replace it, with "
+    "all its attached files. FILE may be a server description: the archive goes to that server.",
+    "welldb restore field-2024.zip field.well2",
+};
+
+const helpText optimize{
+    "optimize",
+    "make a large container fast",
+    "Refreshes what the database knows of the distribution of its rows. --indexes adds further "
+    "indexes, by which look-ups stay fast in containers of many thousand wells; --no-indexes removes "
+    "them again.",
+    "welldb optimize field.well2 --indexes",
+};
+
+const helpText copy{
+    "copy",
+    "copy a whole container, to a server or from one",
+    "Copies a container with everything in it and all its files into a new one, between a local "
+    "file and a server in either direction. TO must not exist; a server description names a database "
+    "that holds no container yet.",
+    "welldb copy field.well2 server.well2",
+};
+
 const helpText las{
     "las",
     "show a LAS file without a database",

@@ -12,6 +12,12 @@ namespace helpTexts {
 
 extern const helpText create;
 extern const helpText info;
+extern const helpText upgrade;
+extern const helpText check;
+extern const helpText backup;
+extern const helpText restore;
+extern const helpText optimize;
+extern const helpText copy;
 extern const helpText las;
 extern const helpText importCommand;
 extern const helpText importLas;

@@ -1,18 +1,21 @@
 #include "cli/open_container.h"
 
+#include "cli/credentials.h"
 #include "cli/names.h"
 #include "cli/output.h"
 
-#include "pwdHolder.h"
+std::optional<NORLEX_contDescription> describeContainer(const std::wstring& path) {
+    NORLEX_contDescription description = NORLEX_wellContainer::makeDescription(path);
+    if (!completeCredentials(description))
+        return std::nullopt;
+    return description;
+}
 
 std::unique_ptr<NORLEX_wellContainer> openContainer(const std::wstring& path) {
-    NORLEX_contDescription description = NORLEX_wellContainer::makeDescription(path);
-    if (!pwdHolder::Instance().fill(description)) {
-        output::say(L"the server that " + path
-                    + L" names needs a user and a password: add lines UID=… and PWD=… to the file");
+    const auto description = describeContainer(path);
+    if (!description)
         return nullptr;
-    }
-    auto container = std::make_unique<NORLEX_wellContainer>(description);
+    auto container = std::make_unique<NORLEX_wellContainer>(*description);
     if (container->isOK())
         return container;
     output::say(output::reason());

@@ -5,7 +5,11 @@
 #include "NORLEX_wellContainer.h"
 
 #include <memory>
+#include <optional>
 #include <string>
+
+// The description of a path, with the credentials of a server; nothing when they are missing.
+[[nodiscard]] std::optional<NORLEX_contDescription> describeContainer(const std::wstring& path);
 
 // Null when it cannot be opened.
 [[nodiscard]] std::unique_ptr<NORLEX_wellContainer> openContainer(const std::wstring& path);

@@ -1,12 +1,14 @@
 // One open well database and the factory of everything in it.
 #pragma once
 
+#include "NORLEX_checkFinding.h"
 #include "NORLEX_contDescription.h"
 #include "NORLEX_export.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 class odbc_database;
 
@@ -90,6 +92,36 @@ public:
     [[nodiscard]] bool beginTransaction();
     [[nodiscard]] bool endTransaction();
     void rollbackTransaction();
+
+    // Looks through the whole container for rows and files that do not belong together, for wells,
+    // properties, templates and fields that are there twice, and for damage. False when it could
+    // not be read.
+    [[nodiscard]] bool check(std::vector<NORLEX_checkFinding>& findings);
+    // Removes what such a check calls repairable, in one transaction, after a backup into the
+    // archive `backupPath`, which must not exist.
+    [[nodiscard]] bool repair(const std::wstring& backupPath,
+                              std::vector<NORLEX_checkFinding>& removed);
+
+    // Writes the database, the action journal and the file directory into one zip archive.
+    [[nodiscard]] bool backup(const std::wstring& archive);
+    // Makes the container of an archive at `target`, once all of the archive was read and checked.
+    // A local container that is there is replaced, with its file directory, only on `replace`.
+    [[nodiscard]] static bool
+    restore(const std::wstring& archive, const NORLEX_contDescription& target, bool replace);
+    // Copies the whole container, keys included, into a new one, between a file and a server in
+    // either direction.
+    [[nodiscard]] bool copyTo(const NORLEX_contDescription& target);
+
+    // Indexes beyond the three of the schema: for large containers, on request only.
+    [[nodiscard]] bool createSearchIndexes();
+    [[nodiscard]] bool dropSearchIndexes();
+    [[nodiscard]] bool hasSearchIndexes() const;
+    // Lets the engine look at how its rows are distributed, which decides how it joins tables.
+    [[nodiscard]] bool updateStatistics();
+
+    // The version that a description's database is of, without opening it as a container; 0 when
+    // it cannot be read.
+    [[nodiscard]] static int storedVersion(const NORLEX_contDescription& description);
 
 private:
     class openFile;

@@ -55,9 +55,21 @@ public:
     // Files created, replaced, moved or removed together with the rows of a transaction.
     [[nodiscard]] transaction_files& files();
 
+    // Copies a local database as it is at one moment into a new file; the file directory is not
+    // part of it. Refused inside a transaction, for a server, and where the file exists.
+    [[nodiscard]] bool backup(const std::wstring& path);
+
+    // To be called after rows were inserted with keys of their own, so that no key is given twice.
+    [[nodiscard]] bool keys_were_given(std::wstring_view table, std::wstring_view key);
+
     [[nodiscard]] std::wstring primary_key() const; // declaration of a key column
     [[nodiscard]] std::wstring cur_time() const;    // SQL expression, "YYYY-MM-DD HH:MM:SS", UTC
     [[nodiscard]] std::wstring get_user() const;    // spliced by callers between quotes
+
+    // What announcements call the database: the path that its user chose; without one, the
+    // connection string up to its password.
+    void set_identity(const std::wstring& path);
+    [[nodiscard]] std::wstring get_identity() const;
 
     void set_file_container_path(const std::wstring& path);
     [[nodiscard]] const std::wstring& get_file_container_path() const;

@@ -47,8 +47,11 @@ bool renamed(const fs::path& from, const fs::path& to) {
 bool undoOne(const change& done) {
     std::error_code code;
     if (done.what == kind::folder) {
-        fs::remove(done.path, code);
-        return true; // others may have put something there since
+        // A file of that name is why the folder could not be made. Others may have put something
+        // into the folder since.
+        if (fs::is_directory(fs::symlink_status(done.path, code)))
+            fs::remove(done.path, code);
+        return true;
     }
     if (done.what == kind::created) {
         fs::remove_all(done.path, code);

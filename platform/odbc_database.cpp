@@ -1,10 +1,13 @@
 #include "odbc_database.h"
 
 #include "platform/driver_choice.h"
+#include "platform/files.h"
 #include "platform/last_error.h"
 #include "platform/strconv.h"
 #include "platform/transaction_files.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -27,16 +30,17 @@ std::wstring shown(const std::string& connectionString) {
 } // namespace
 
 struct odbc_database::connection {
-    explicit connection(odbc_database* db) : files(db) {}
+    explicit connection(odbc_database* db) : changedFiles(db) {}
 
     std::unique_ptr<sql_driver> driver;
     std::string connectionString;
     std::wstring fileContainerPath;
+    std::wstring identity;
     std::wstring user;
     std::wstring error;
     std::vector<level> levels;
     std::vector<std::function<void()>> actions; // to run after the commit
-    transaction_files files;
+    transaction_files changedFiles;
 
     bool fail(std::wstring text) {
         error = std::move(text);
@@ -73,7 +77,7 @@ void odbc_database::disconnect() {
     auto& c = *m_connection;
     while (!c.levels.empty())
         rollback();
-    c.files.close();
+    c.changedFiles.close();
     c.driver.reset();
 }
 
@@ -132,7 +136,7 @@ bool odbc_database::begin_transaction() {
     const auto depth = static_cast<int>(c.levels.size());
     if (!(depth == 0 ? c.driver->begin() : c.driver->savepoint(depth)))
         return c.failDriver();
-    c.levels.push_back({false, c.actions.size(), c.files.mark()});
+    c.levels.push_back({false, c.actions.size(), c.changedFiles.mark()});
     return true;
 }
 
@@ -149,7 +153,7 @@ bool odbc_database::end_transaction() {
             rollback();
         return released;
     }
-    if (c.isDoomed() || !c.files.beforeCommit()) {
+    if (c.isDoomed() || !c.changedFiles.beforeCommit()) {
         rollback();
         return false;
     }
@@ -159,7 +163,7 @@ bool odbc_database::end_transaction() {
         return false;
     }
     c.levels.clear();
-    c.files.afterCommit();
+    c.changedFiles.afterCommit();
     for (const auto& action : std::exchange(c.actions, {}))
         action();
     return true;
@@ -172,7 +176,7 @@ void odbc_database::rollback() {
     const level ended = c.levels.back();
     c.levels.pop_back();
     c.actions.resize(ended.firstAction);
-    c.files.undoTo(ended.firstFile);
+    c.changedFiles.undoTo(ended.firstFile);
     const auto depth = static_cast<int>(c.levels.size());
     const bool done = depth == 0 ? c.driver->rollback() : c.driver->rollbackTo(depth);
     // An engine that ended the whole transaction by itself has undone the outer levels too.
@@ -191,8 +195,29 @@ void odbc_database::after_commit(std::function<void()> action) {
         action();
 }
 
+bool odbc_database::backup(const std::wstring& path) {
+    auto& c = *m_connection;
+    if (!c.driver)
+        return c.fail(L"not connected");
+    if (files::isFile(path))
+        return c.fail(L"cannot copy the database to " + path + L": the file exists");
+    if (c.driver->backup(files::native(path).native()))
+        return true;
+    std::error_code ignored;
+    std::filesystem::remove(files::native(path), ignored); // half a copy is none
+    return c.failDriver();
+}
+
 transaction_files& odbc_database::files() {
-    return m_connection->files;
+    return m_connection->changedFiles;
+}
+
+bool odbc_database::keys_were_given(std::wstring_view table, std::wstring_view key) {
+    auto& c = *m_connection;
+    if (!c.driver)
+        return c.fail(L"not connected");
+    return c.driver->keysWereGiven(ts::strconv::toUtf8(table), ts::strconv::toUtf8(key))
+           || c.failDriver();
 }
 
 std::wstring odbc_database::primary_key() const {
@@ -207,6 +232,15 @@ std::wstring odbc_database::cur_time() const {
 
 std::wstring odbc_database::get_user() const {
     return m_connection->user;
+}
+
+void odbc_database::set_identity(const std::wstring& path) {
+    m_connection->identity = path;
+}
+
+std::wstring odbc_database::get_identity() const {
+    const auto& c = *m_connection;
+    return c.identity.empty() ? shown(c.connectionString) : c.identity;
 }
 
 void odbc_database::set_file_container_path(const std::wstring& path) {

@@ -49,6 +49,14 @@ public:
     virtual bool release(int level) = 0;
     virtual bool rollbackTo(int level) = 0;
 
+    // A copy of the whole database in a new file, as it is at one moment. Refused inside a
+    // transaction, and by an engine whose databases are no files.
+    virtual bool backup(const std::string& path) = 0;
+
+    // Rows were inserted with keys of their own into a column that the database assigns: the next
+    // key that it gives is behind them.
+    virtual bool keysWereGiven(const std::string& table, const std::string& key) = 0;
+
     virtual std::string primaryKey() const = 0;  // declaration of a key column
     virtual std::string currentTime() const = 0; // SQL expression
     virtual std::string user() const = 0;

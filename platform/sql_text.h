@@ -21,6 +21,17 @@ namespace sqlText {
 
 // 'text', an apostrophe inside doubled: the database receives the value unchanged.
 [[nodiscard]] std::wstring quoted(std::wstring_view text);
+// Each is a better match than the stream manipulator of the same name, which is found for standard
+// strings wherever <iomanip> is included.
+[[nodiscard]] inline std::wstring quoted(const std::wstring& text) {
+    return quoted(std::wstring_view(text));
+}
+[[nodiscard]] inline std::wstring quoted(std::wstring& text) {
+    return quoted(std::wstring_view(text));
+}
+[[nodiscard]] inline std::wstring quoted(const wchar_t* text) {
+    return quoted(std::wstring_view(text));
+}
 
 // 'text' with apostrophes removed: names and values of the well and property layers.
 [[nodiscard]] std::wstring quotedName(std::wstring_view text);

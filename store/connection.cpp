@@ -59,6 +59,7 @@ bool isUsable(const NORLEX_contDescription& description) {
 
 bool open(odbc_database& db, const NORLEX_contDescription& description) {
     db.set_file_container_path(description.fileContainerPath);
+    db.set_identity(description.path);
     return description.type == 1 ? db.connect(files::native(description.path).string())
                                  : db.connect(description.getConnectionString());
 }
@@ -78,6 +79,21 @@ openMark::openMark(const std::wstring& path) : m_path(spelling(path)) {
 openMark::~openMark() {
     const std::lock_guard lock(opened().mutex);
     opened().paths.erase(opened().paths.find(m_path));
+}
+
+bool isUnused(const NORLEX_contDescription& description) {
+    odbc_database db;
+    const bool isOpen = open(db, description);
+    if (!isOpen && db.last_error().find(L"locked") == std::wstring::npos)
+        return true;
+    static_cast<void>(isOpen && db.exec(L"PRAGMA busy_timeout=1000"));
+    if (isOpen && db.exec(L"BEGIN EXCLUSIVE"))
+        return db.exec(L"ROLLBACK");
+    return refuse(sql(L"cannot replace ",
+                      description.path,
+                      L": it is in use or may not be written (",
+                      db.last_error(),
+                      L")"));
 }
 
 bool isOpenHere(const std::wstring& path) {

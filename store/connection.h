@@ -35,4 +35,9 @@ private:
 };
 [[nodiscard]] bool isOpenHere(const std::wstring& path);
 
+// Whether no other program has the local database of a description in use, as far as it can be
+// told: an idle reader holds no lock and cannot be seen; any statement of one can. What is no
+// database is unused.
+[[nodiscard]] bool isUnused(const NORLEX_contDescription& description);
+
 } // namespace connection

@@ -50,19 +50,20 @@ bool insertVersion(odbc_database& db) {
         L")"));
 }
 
-bool fill(odbc_database& db) {
-    return insertVersion(db) && schema::createIndexes(db) && plotTemplates::install(db)
-           && NORLEX_propTemplate::create(&db)
+bool standardContent(odbc_database& db) {
+    return createTables(db) && insertVersion(db) && schema::createIndexes(db)
+           && plotTemplates::install(db) && NORLEX_propTemplate::create(&db)
            && containerSettings::setProjection(db, containerSettings::defaultProjection);
 }
 
 // One transaction around the steps: a server, where no file can be removed, is left as it was, too.
-bool build(const NORLEX_contDescription& description) {
+bool build(const NORLEX_contDescription& description,
+           const std::function<bool(odbc_database&)>& fill) {
     odbc_database db;
     if (!connectNew(db, description))
         return false;
     transaction whole(&db);
-    if (!whole.isOpen() || !createTables(db) || !fill(db) || !whole.commit())
+    if (!whole.isOpen() || !fill(db) || !whole.commit())
         return false;
     connection::issuePragmas(db);
     journal::add(db, journal::containerObject, eventAction::create, L"");
@@ -73,12 +74,17 @@ bool build(const NORLEX_contDescription& description) {
 } // namespace
 
 bool createContainer(const NORLEX_contDescription& description) {
+    return createWith(description, standardContent);
+}
+
+bool createWith(const NORLEX_contDescription& description,
+                const std::function<bool(odbc_database&)>& fill) {
     if (!connection::isUsable(description))
         return false;
     replacedContainer old(description);
     if (!old.setAside())
         return false;
-    const bool done = build(description);
+    const bool done = build(description, fill);
     if (done)
         old.discard();
     else

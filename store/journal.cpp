@@ -71,7 +71,7 @@ std::wstring rowsOf(const batch& given, const std::wstring& user, const std::wst
     for (const auto& weak : given.lines)
         if (const auto entry = weak.lock())
             rows += sql(L"(",
-                        sqlText::quoted(user),
+                        quoted(user),
                         L", ",
                         now,
                         L", '",
@@ -79,7 +79,7 @@ std::wstring rowsOf(const batch& given, const std::wstring& user, const std::wst
                         L"', '",
                         key(entry->action),
                         L"', ",
-                        sqlText::quoted(entry->comment),
+                        quoted(entry->comment),
                         L"),");
     rows.pop_back();
     return rows;

@@ -43,8 +43,7 @@ bool install(odbc_database& db) {
             names.insert(file.substr(0, file.size() - extension.size()));
         }
     for (const auto& name : names)
-        if (!db.exec(
-                sql(L"INSERT INTO planshet_template (name) VALUES (", sqlText::quoted(name), L")")))
+        if (!db.exec(sql(L"INSERT INTO planshet_template (name) VALUES (", quoted(name), L")")))
             return false;
     return true;
 }

@@ -70,20 +70,14 @@ bool replacedContainer::setAside() {
     return true;
 }
 
-// An idle reader of another program holds no lock and cannot be seen; any statement of one can.
 bool replacedContainer::readOld() {
     odbc_database db;
-    if (!connection::open(db, m_description)) {
-        const bool isLocked = db.last_error().find(L"locked") != std::wstring::npos;
-        return !isLocked || refuseUsed(m_description.path, db.last_error());
-    }
-    static_cast<void>(db.exec(L"PRAGMA busy_timeout=1000"));
-    if (!db.exec(L"BEGIN EXCLUSIVE"))
-        return refuseUsed(m_description.path, db.last_error());
-    m_wasContainer = upgrade::storedVersion(db) != 0;
+    if (!connection::isUnused(m_description))
+        return false;
+    m_wasContainer = connection::open(db, m_description) && upgrade::storedVersion(db) != 0;
     if (m_wasContainer)
         m_wellFolders = wellFolders(db);
-    return db.exec(L"ROLLBACK");
+    return true;
 }
 
 void replacedContainer::discard() {

@@ -33,12 +33,14 @@ TEST_F(ContainerTest, newContainerIsFilled) {
               L"+proj=longlat +towgs84=0.013,-0.092,-0.03,-0.0017,0.0036,-0.0043,0.0074 "
               L"+ellps=GSK2011 +lon_wrap=45 +no_defs");
     EXPECT_EQ(cell(L"SELECT count(*) FROM meta"), L"1"); // the projection and nothing else
-    EXPECT_EQ(cell(L"SELECT group_concat(type, ' ') FROM base_template"),
-              L"NORLEX_dataTypeMarker NORLEX_dataTypeInterval NORLEX_dataTypeColumn "
-              L"NORLEX_dataTypeLog NORLEX_dataTypeRastr NORLEX_dataTypeBorder "
-              L"NORLEX_dataTypeConstruction NORLEX_dataTypeWorkConstruction");
-    EXPECT_EQ(cell(L"PRAGMA page_size"), L"8192");
-    EXPECT_EQ(cell(L"SELECT 'a' LIKE 'A'"), L"0");
+    EXPECT_EQ(all(L"SELECT type FROM base_template ORDER BY bt_id"),
+              L"NORLEX_dataTypeMarker,NORLEX_dataTypeInterval,NORLEX_dataTypeColumn,"
+              L"NORLEX_dataTypeLog,NORLEX_dataTypeRastr,NORLEX_dataTypeBorder,"
+              L"NORLEX_dataTypeConstruction,NORLEX_dataTypeWorkConstruction");
+    if (!db()->is_server()) {
+        EXPECT_EQ(cell(L"PRAGMA page_size"), L"8192");
+    }
+    EXPECT_EQ(cell(L"SELECT count(*) FROM base_version WHERE 'a' LIKE 'A'"), L"0");
     const auto entries = journal::read(*db());
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].object + L"/" + entries[0].action + L"/" + entries[0].comment, L"18/1/");
@@ -50,7 +52,7 @@ TEST_F(ContainerTest, newContainerGetsTheShippedPlotTemplates) {
     EXPECT_EQ(disk::names(planshet), (disk::list{L"lithology_correlation.pt", L"standard_log.pt"}));
     EXPECT_EQ(disk::read(planshet + L"standard_log.pt"),
               disk::read(files::wide(WELLDB_SOURCE_DIR "/data/planshet/standard_log.pt")));
-    EXPECT_EQ(cell(L"SELECT group_concat(name) FROM planshet_template"),
+    EXPECT_EQ(all(L"SELECT name FROM planshet_template ORDER BY name"),
               L"lithology_correlation,standard_log");
 }
 

@@ -147,7 +147,9 @@ TEST(WellPath, isWorkObjectFieldAndName) {
 TEST_F(ContainerTest, wellPathByKey) {
     ASSERT_TRUE(
         db()->exec(L"INSERT INTO well_base (work_object, field, name) VALUES ('O', 'F', 'W''s')"));
-    EXPECT_EQ(NORLEX_getWellPath(db(), 1), folder / L"wells\\O\\F\\W's\\");
+    EXPECT_EQ(NORLEX_getWellPath(db(), 1),
+              container->getFileContainerPath()
+                  + (db()->is_server() ? L"O/F/W's/" : L"O\\F\\W's\\"));
     EXPECT_EQ(NORLEX_getWellPath(db(), 2), L"");
 }
 
