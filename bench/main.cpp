@@ -40,6 +40,7 @@ constexpr std::array groups{
     group{"sample-file", "writing and reading the samples of a log", bench::sampleFiles},
     group{"survey", "depth conversions on 10,000 stations", bench::survey},
     group{"many-files", "many small LAS files into one container", bench::manyFiles},
+    group{"containers", "making, opening, bulk loading and copying containers", bench::containers},
 };
 
 struct request {

@@ -1,5 +1,6 @@
 #include "platform/driver_choice.h"
 
+#include "platform/odbc_server_driver.h"
 #include "platform/sqlite_driver.h"
 
 // A path may hold "=" and ";" too: only a text whose part before the first "=" is a plain word and
@@ -14,5 +15,5 @@ bool namesServer(const std::string& connectionString) {
 }
 
 std::unique_ptr<sql_driver> makeDriver(const std::string& connectionString) {
-    return namesServer(connectionString) ? nullptr : makeSqliteDriver();
+    return namesServer(connectionString) ? makeServerDriver() : makeSqliteDriver();
 }

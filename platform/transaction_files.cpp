@@ -199,7 +199,7 @@ bool transaction_files::beforeCommit() {
         return false;
     if (!m_db->exec(
             sql(L"INSERT INTO meta (m_group, obj_id, key, value) VALUES ('file_changes', 0, ",
-                sqlText::quoted(m_journal->id()),
+                quoted(m_journal->id()),
                 L", '')")))
         return false;
     const auto rows = m_db->query(L"SELECT max(m_id) FROM meta");
@@ -227,9 +227,8 @@ void transaction_files::close() {
 bool transaction_files::recover() {
     const fs::path root = bare(m_db->get_file_container_path());
     for (auto& left : changeJournal::abandoned(root)) {
-        const auto row =
-            m_db->query(sql(L"SELECT m_id FROM meta WHERE m_group = 'file_changes' AND key = ",
-                            sqlText::quoted(left.id())));
+        const auto row = m_db->query(sql(
+            L"SELECT m_id FROM meta WHERE m_group = 'file_changes' AND key = ", quoted(left.id())));
         const std::int64_t marker = row && row->next() ? row->get_counter(0) : 0;
         if (marker == 0 && !left.undo()) // a journal without an id has nothing to undo
             return false;

@@ -4,7 +4,6 @@
 #include "odbc_database.h"
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
-#include "platform/strconv.h"
 #include "platform/transaction.h"
 #include "store/audit.h"
 #include "store/journal.h"
@@ -37,10 +36,7 @@ void announceField(odbc_database* db,
                    const std::wstring& templateName,
                    const std::wstring& field,
                    const std::vector<NORLEX_propDescription>& properties) {
-    db->after_commit([path = ts::strconv::fromUtf8(db->get_connection_string()),
-                      templateName,
-                      field,
-                      properties] {
+    db->after_commit([path = db->get_identity(), templateName, field, properties] {
         auto& observer = globalEventObserver::Instance();
         observer.updatePropTemplateField(path, templateName, field);
         for (const auto& property : properties)

@@ -3,7 +3,6 @@
 
 #include "globalEventObserver.h"
 #include "odbc_database.h"
-#include "platform/strconv.h"
 
 #include <utility>
 
@@ -13,8 +12,9 @@ namespace announce {
 // announced, and none before other connections can see it.
 template <typename Post>
 void afterCommit(odbc_database& db, Post post) {
-    db.after_commit([container = ts::strconv::fromUtf8(db.get_connection_string()),
-                     post = std::move(post)] { post(globalEventObserver::Instance(), container); });
+    db.after_commit([container = db.get_identity(), post = std::move(post)] {
+        post(globalEventObserver::Instance(), container);
+    });
 }
 
 } // namespace announce

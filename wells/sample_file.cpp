@@ -107,8 +107,10 @@ bool writeFile(std::FILE* file, std::size_t count, BlockAt blockAt) {
                     sample.value = NORLEX_missingValue;
             block = mended;
         }
-        if ((done == 0 && !writeHeader(file, range, count))
-            || std::fwrite(block.data(), sizeof(NORLEX_logSample), block.size(), file)
+        if (done == 0 && !writeHeader(file, range, count))
+            return false;
+        if (!block.empty()
+            && std::fwrite(block.data(), sizeof(NORLEX_logSample), block.size(), file)
                    != block.size())
             return false;
         done += writeBlock;

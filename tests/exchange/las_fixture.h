@@ -45,6 +45,8 @@ protected:
 
     void SetUp() override {
         ContainerTest::SetUp();
+        if (IsSkipped())
+            return;
         m_filesOfNew = filesBelow();
     }
 

@@ -24,7 +24,7 @@ protected:
         return rows && rows->next() ? rows->get_text(0) : L"(no row)";
     }
     bool insert(const std::wstring& value) {
-        return db.exec(sql(L"INSERT INTO t (v) VALUES (", sqlText::quoted(value), L")"));
+        return db.exec(sql(L"INSERT INTO t (v) VALUES (", quoted(value), L")"));
     }
     std::wstring count() { return one(L"SELECT count(*) FROM t"); }
 

@@ -149,6 +149,15 @@ TEST_F(TransactionFilesTest, aDeadProcessIsFinishedOrUndone) {
     EXPECT_EQ(tree(), after);
 }
 
+TEST_F(TransactionFilesTest, aFileInTheWayOfAFolderStays) {
+    folder.write(L"a/well", "a user's own");
+    {
+        transaction t(&db);
+        EXPECT_FALSE(write(db, root + L"well/log", "1"));
+    }
+    EXPECT_EQ(tree(), "well=a user's own\n");
+}
+
 TEST_F(TransactionFilesTest, aFileThatCannotBeWrittenLaterFailsTheCommit) {
     const auto fails = [](std::FILE* file) {
         return files::put(file, "half") && refuse(L"no more");

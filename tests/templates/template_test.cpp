@@ -77,6 +77,8 @@ class TemplateTest : public ContainerTest {
 protected:
     void SetUp() override {
         ContainerTest::SetUp();
+        if (IsSkipped())
+            return;
         subscriber = std::make_shared<globalEventObserver::callback>([this](const auto& message) {
             heard.push_back(std::to_wstring(message.kind) + L" " + message.params[0]
                             + message.params[1] + message.property.name + message.property.group);
@@ -239,17 +241,17 @@ TEST_F(TemplateTest, addedFieldReachesExistingProperties) {
          L"INSERT INTO val (f_id, value, obj_id) VALUES (1, 'a', 10), (2, 'b', 10), (1, 'c', 11), "
          L"(4, 'd', 10), (5, 'e', 12)",
          L"UPDATE base_template SET update_user = 'x'"});
+    ASSERT_TRUE(db()->keys_were_given(L"field", L"f_id"));
     NORLEX_propTemplate marker(db(), L"Маркер");
     ASSERT_TRUE(marker.addField(numeric(L"age", L"", 1), true)) << lastError();
     EXPECT_EQ(
-        cell(L"SELECT group_concat(pr_id || type) FROM field WHERE name = 'age' AND f_id > 5"),
+        all(L"SELECT pr_id || type FROM field WHERE name = 'age' AND f_id > 5 ORDER BY pr_id"),
         L"1NORLEX_fieldTypeNumeric,2NORLEX_fieldTypeNumeric");
-    EXPECT_EQ(cell(L"SELECT group_concat(pr_id || ':' || obj_id || value) FROM (SELECT * FROM val "
-                   L"JOIN field USING (f_id) WHERE f_id > 5 ORDER BY obj_id)"),
+    EXPECT_EQ(all(L"SELECT pr_id || ':' || obj_id || value FROM val JOIN field USING (f_id) WHERE "
+                  L"f_id > 5 ORDER BY obj_id"),
               L"1:10,1:11");
-    EXPECT_EQ(cell(L"SELECT group_concat(pr_id) FROM property WHERE update_user <> 'x'"), L"1,2,4");
-    EXPECT_EQ(cell(L"SELECT group_concat(bt_id) FROM base_template WHERE update_user <> 'x'"),
-              L"1");
+    EXPECT_EQ(all(L"SELECT pr_id FROM property WHERE update_user <> 'x' ORDER BY pr_id"), L"1,2,4");
+    EXPECT_EQ(all(L"SELECT bt_id FROM base_template WHERE update_user <> 'x'"), L"1");
     EXPECT_EQ(heard, (list{L"11 Маркерage", L"7 own", L"7 topsg"}));
 }
 
@@ -276,11 +278,9 @@ TEST_F(TemplateTest, fieldsOfOneProperty) {
     ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[0].name + L"," + rows[1].name + L"," + rows[2].name, L"Название,Описание,flag");
     EXPECT_EQ(rows[2].type, NORLEX_fieldTypeBoolean);
-    EXPECT_EQ(cell(L"SELECT group_concat(obj_id || value) FROM (SELECT * FROM val WHERE f_id = 4 "
-                   L"ORDER BY obj_id)"),
-              L"5,6");
+    EXPECT_EQ(all(L"SELECT obj_id || value FROM val WHERE f_id = 4 ORDER BY obj_id"), L"5,6");
     ASSERT_TRUE(propertyFields::remove(*db(), rows[1].fieldId));
     EXPECT_EQ(propertyFields::read(*db(), 7).size(), 2U);
-    EXPECT_EQ(cell(L"SELECT group_concat(f_id) FROM val"), L"1,3,4,4");
+    EXPECT_EQ(all(L"SELECT f_id FROM val ORDER BY f_id"), L"1,3,4,4");
     EXPECT_EQ(propertyFields::read(*db(), 8).front().name, L"others");
 }

@@ -1,0 +1,106 @@
+#include "platform/connection_pairs.h"
+
+#include "platform/ascii.h"
+#include "platform/numbers.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace connectionPairs {
+
+namespace {
+
+constexpr std::string_view special = ";{}";
+
+// What stands between the braces at the start of `text`, and where the text behind them begins.
+struct braced {
+    std::string value;
+    std::size_t end = 0;
+};
+
+std::optional<braced> takeBraced(std::string_view text) {
+    if (!text.starts_with('{'))
+        return std::nullopt;
+    braced out;
+    for (std::size_t at = 1; at < text.size(); ++at) {
+        if (text[at] == '}' && (at + 1 == text.size() || text[at + 1] != '}')) {
+            out.end = at + 1;
+            return out;
+        }
+        if (text[at] == '}')
+            ++at;
+        out.value += text[at];
+    }
+    return std::nullopt;
+}
+
+// Braces belong to the password itself unless they were needed to quote it.
+std::string password(std::string_view text) {
+    if (text.ends_with(';'))
+        text.remove_suffix(1);
+    const auto inside = takeBraced(text);
+    const bool isQuoted = inside && inside->end == text.size()
+                          && inside->value.find_first_of(special) != std::string::npos;
+    return isQuoted ? inside->value : std::string(text);
+}
+
+// Where the value of the last pair named PWD begins; the end of the text when there is none.
+std::size_t passwordAt(std::string_view text) {
+    for (std::size_t at = text.rfind("PWD="); at != std::string_view::npos && at > 0;
+         at = text.rfind("PWD=", at - 1))
+        if (text[at - 1] == ';')
+            return at;
+    return text.starts_with("PWD=") ? 0 : text.size();
+}
+
+} // namespace
+
+std::vector<pair> parse(std::string_view text) {
+    std::vector<pair> out;
+    const std::size_t secret = passwordAt(text);
+    std::string_view rest = text.substr(0, secret);
+    while (!rest.empty()) {
+        const auto equals = rest.find_first_of("=;");
+        if (equals == std::string_view::npos || rest[equals] == ';') {
+            rest = equals == std::string_view::npos ? std::string_view() : rest.substr(equals + 1);
+            continue; // an empty pair, or a word without a value
+        }
+        const std::string name(numbers::trimmed(rest.substr(0, equals)));
+        rest.remove_prefix(equals + 1);
+        rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+        const auto inside = takeBraced(rest);
+        const auto end = std::min(rest.find(';', inside ? inside->end : 0), rest.size());
+        out.push_back(
+            {name, inside ? inside->value : std::string(numbers::trimmed(rest.substr(0, end)))});
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    if (secret < text.size())
+        out.push_back({"PWD", password(text.substr(secret + 4))});
+    return out;
+}
+
+const std::string* find(const std::vector<pair>& pairs, std::string_view name) {
+    const auto found =
+        std::ranges::find_if(pairs, [&](const pair& one) { return ascii::equal(one.name, name); });
+    return found == pairs.end() ? nullptr : &found->value;
+}
+
+std::string quoted(std::string_view value) {
+    constexpr std::string_view plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+                                       "0123456789_-./:\\@,";
+    if (value.find_first_not_of(plain) == std::string_view::npos)
+        return std::string(value);
+    std::string out = "{";
+    for (const char c : value)
+        out.append(c == '}' ? 2 : 1, c);
+    return out + '}';
+}
+
+std::string join(const std::vector<pair>& pairs) {
+    std::string out;
+    for (const auto& [name, value] : pairs)
+        out += name + '=' + quoted(value) + ';';
+    return out;
+}
+
+} // namespace connectionPairs
