@@ -157,8 +157,8 @@ std::optional<parts> split(std::string_view text) {
 
 namespace {
 
-constexpr std::size_t mostKept = 64;
-constexpr std::size_t longestKept = 4000; // bytes of a shape
+constexpr std::size_t mostKept = 256'000;   // bytes of all shapes; what is prepared takes ten times
+constexpr std::size_t longestKept = 40'000; // bytes of a shape
 constexpr std::size_t longestSplit = 100'000;
 
 // Others are rare, and pragmas may act as they are prepared.
@@ -206,9 +206,13 @@ sqlite_statements::lease::~lease() {
         return;
     sqlite3_reset(m_statement.get());
     sqlite3_clear_bindings(m_statement.get());
-    if (owner->m_kept.size() >= mostKept)
+    if (owner->m_keptSize > mostKept) {
         owner->m_kept.clear(); // those in use come back again
-    owner->m_kept.try_emplace(std::move(m_shape), std::move(m_statement));
+        owner->m_keptSize = 0;
+    }
+    const std::size_t size = m_shape.size();
+    if (owner->m_kept.try_emplace(std::move(m_shape), std::move(m_statement)).second)
+        owner->m_keptSize += size;
 }
 
 sqlite_statements::lease sqlite_statements::take(std::string_view text, bool& hasMore) {
@@ -217,9 +221,10 @@ sqlite_statements::lease sqlite_statements::take(std::string_view text, bool& ha
         text.size() <= longestSplit && mayComeAgain(text) ? sqliteShape::split(text) : std::nullopt;
     if (parts && parts->isWhole && parts->shape.size() <= longestKept) {
         handle statement;
-        if (auto kept = m_kept.extract(parts->shape))
+        if (auto kept = m_kept.extract(parts->shape)) {
             statement = std::move(kept.mapped());
-        else
+            m_keptSize -= parts->shape.size();
+        } else
             statement = prepare(parts->shape, hasMore);
         if (statement && bindAll(statement.get(), parts->literals))
             return {std::move(statement), std::move(parts->shape), weak_from_this()};

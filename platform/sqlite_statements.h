@@ -68,4 +68,5 @@ private:
 
     sqlite3* m_db;
     std::unordered_map<std::string, handle> m_kept; // by shape
+    std::size_t m_keptSize = 0;                     // bytes of the shapes
 };

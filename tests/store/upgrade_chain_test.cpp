@@ -124,6 +124,7 @@ std::string sampleFile(double smallest, double largest, const std::vector<double
 class UpgradeChainTest : public UpgradeTest, public testing::WithParamInterface<int> {
 protected:
     void SetUp() override {
+        SKIP_ON_SERVER();
         UpgradeTest::SetUp();
         make(GetParam());
         backup = path + L".v" + sqlText::key(GetParam()) + L".bak";

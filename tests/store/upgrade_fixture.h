@@ -10,6 +10,7 @@
 #include "platform/strconv.h"
 #include "tests/support/disk.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/test_engine.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,8 @@ protected:
     }
 
     // The statements of a version, in their order.
-    [[nodiscard]] std::vector<std::wstring> statements(int version) const {
+    [[nodiscard]] std::vector<std::wstring>
+    statements(int version, const std::wstring& primaryKey, const std::wstring& root) const {
         std::vector<std::wstring> found;
         std::ifstream file(WELLDB_SOURCE_DIR "/tests/store/upgrade/containers.sql");
         for (std::string line; std::getline(file, line);) {
@@ -57,8 +59,8 @@ protected:
                 || number(line.substr(dash + 1, blank - dash - 1)) < version)
                 continue;
             std::wstring text = ts::strconv::fromUtf8(line.substr(blank + 1));
-            text = replaced(text, L"{KEY}", L"INTEGER PRIMARY KEY AUTOINCREMENT");
-            text = replaced(text, L"{ROOT}", folder / L"wells\\");
+            text = replaced(text, L"{KEY}", primaryKey);
+            text = replaced(text, L"{ROOT}", root);
             found.push_back(replaced(text, L"{OUT}", folder / L"outside/"));
         }
         return found;
@@ -76,15 +78,20 @@ protected:
 
     // A container of an older version as "wells.well2", with its files.
     void make(int version) {
-        makeFiles();
         odbc_database db;
-        ASSERT_TRUE(db.connect(files::native(path).string()) && db.begin_transaction());
-        for (const auto& statement : statements(version))
+        makeFiles();
+        ASSERT_TRUE(db.connect(files::native(path).string()));
+        fill(db, version, folder / L"wells\\");
+        made = disk::read(path);
+    }
+
+    void fill(odbc_database& db, int version, const std::wstring& root) {
+        ASSERT_TRUE(db.begin_transaction());
+        for (const auto& statement : statements(version, db.primary_key(), root))
             ASSERT_TRUE(db.exec(statement)) << ts::strconv::toUtf8(statement + db.last_error());
         ASSERT_TRUE(db.exec(sqlText::sql(
             L"INSERT INTO base_version (id, version) VALUES (1,", sqlText::key(version), L")")));
         ASSERT_TRUE(db.end_transaction());
-        made = disk::read(path);
     }
 
     bool open() {

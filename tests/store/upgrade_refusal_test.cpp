@@ -18,7 +18,15 @@ bool contains(const std::wstring& text, const std::wstring& part) {
 
 } // namespace
 
-TEST_F(UpgradeTest, answerNoLeavesEverything) {
+class LocalUpgradeTest : public UpgradeTest {
+protected:
+    void SetUp() override {
+        SKIP_ON_SERVER();
+        UpgradeTest::SetUp();
+    }
+};
+
+TEST_F(LocalUpgradeTest, answerNoLeavesEverything) {
     for (const int version : {1, 21, 35}) {
         SCOPED_TRACE(version);
         disk::write(path, "");
@@ -39,7 +47,7 @@ TEST_F(UpgradeTest, answerNoLeavesEverything) {
     EXPECT_EQ(questions.size(), 3U);
 }
 
-TEST_F(UpgradeTest, withoutCopyThereIsNoUpgrade) {
+TEST_F(LocalUpgradeTest, withoutCopyThereIsNoUpgrade) {
     make(12);
     folder.write(L"wells.well2.v12.bak.part/in the way", "x");
     EXPECT_FALSE(open());
@@ -52,7 +60,7 @@ TEST_F(UpgradeTest, withoutCopyThereIsNoUpgrade) {
 
 // Samples that cannot be written, or a statement that the database rejects: all of the steps are
 // undone, in the database and in the files.
-TEST_F(UpgradeTest, failureOfAStepUndoesAll) {
+TEST_F(LocalUpgradeTest, failureOfAStepUndoesAll) {
     struct {
         const char* where;
         const wchar_t* statement; // before the upgrade
@@ -95,7 +103,7 @@ TEST_F(UpgradeTest, failureOfAStepUndoesAll) {
 }
 
 // A copy that is there is kept; it stands for the new one when it holds the same.
-TEST_F(UpgradeTest, earlierCopiesStay) {
+TEST_F(LocalUpgradeTest, earlierCopiesStay) {
     make(35);
     disk::write(path + L".v35.bak", "of the user's");
     disk::write(path + L".v35.bak.part", "of a killed program");
@@ -114,7 +122,7 @@ TEST_F(UpgradeTest, earlierCopiesStay) {
 }
 
 // What a version may lack is no failure: other programs made the tables, or none did.
-TEST_F(UpgradeTest, fewTablesAreEnough) {
+TEST_F(LocalUpgradeTest, fewTablesAreEnough) {
     for (const int version : {1, 4, 17, 23, 26, 35}) {
         SCOPED_TRACE(version);
         ASSERT_TRUE(files::removeFile(path));
@@ -136,7 +144,7 @@ TEST_F(UpgradeTest, fewTablesAreEnough) {
 }
 
 // Half of the passport step, as programs leave it that run each statement by itself.
-TEST_F(UpgradeTest, passportOfAKilledProgramIsCompleted) {
+TEST_F(LocalUpgradeTest, passportOfAKilledProgramIsCompleted) {
     const wchar_t* const temporary =
         L"CREATE TABLE well_info_tmp (w_id INTEGER NOT NULL, drillingType TEXT, drillingRig TEXT, "
         L"drillingDocAuther TEXT, drillingDocChecker TEXT)";
@@ -170,7 +178,7 @@ TEST_F(UpgradeTest, passportOfAKilledProgramIsCompleted) {
     }
 }
 
-class KilledUpgradeTest : public UpgradeTest {
+class KilledUpgradeTest : public LocalUpgradeTest {
 protected:
     // A child that upgrades the container and is killed after `delay`.
     void killAfter(clock::duration delay) {
