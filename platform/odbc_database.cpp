@@ -1,5 +1,7 @@
 #include "odbc_database.h"
 
+#include "platform/ascii.h"
+#include "platform/connection_pairs.h"
 #include "platform/driver_choice.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
@@ -22,9 +24,13 @@ struct level {
 
 // A connection string as a message may show it: a password never.
 std::wstring shown(const std::string& connectionString) {
-    const bool hasPassword = namesServer(connectionString);
-    return ts::strconv::fromUtf8(
-        hasPassword ? connectionString.substr(0, connectionString.find("PWD=")) : connectionString);
+    if (!namesServer(connectionString))
+        return ts::strconv::fromUtf8(connectionString);
+    auto pairs = connectionPairs::parse(connectionString);
+    std::erase_if(pairs, [](const auto& pair) {
+        return ascii::equal(pair.name, "PWD") || ascii::equal(pair.name, "Password");
+    });
+    return ts::strconv::fromUtf8(connectionPairs::join(pairs));
 }
 
 } // namespace

@@ -12,18 +12,21 @@ namespace propertyFields {
 
 namespace {
 
-// Empty values of the fields keyed above `lastKey`, one for each geometry row of their properties.
-// A property's geometry rows are those that its other fields have values for.
-bool addEmptyValues(odbc_database& db, std::int64_t lastKey) {
+// Empty values of the fields of a name that are keyed above `lastKey`, one for each geometry row of
+// their properties. A property's geometry rows are those that its other fields have values for.
+bool addEmptyValues(odbc_database& db, const std::wstring& name, std::int64_t lastKey) {
     return db.exec(sql(
         L"INSERT INTO val(f_id, obj_id, value) SELECT DISTINCT added.f_id, val.obj_id, '' FROM field AS added INNER JOIN field AS other ON other.pr_id = added.pr_id INNER JOIN val ON val.f_id = other.f_id WHERE added.f_id > ",
         key(lastKey),
+        L" AND added.name = ",
+        quotedName(name),
         L" AND other.f_id <= ",
         key(lastKey)));
 }
 
+// The largest key of all: max() may answer this connection's own.
 std::int64_t lastKey(odbc_database& db) {
-    const auto rows = db.query(L"SELECT max(f_id) FROM field");
+    const auto rows = db.query(L"SELECT f_id FROM field ORDER BY f_id DESC LIMIT 1");
     return rows && rows->next() ? rows->get_counter(0) : 0;
 }
 
@@ -78,7 +81,7 @@ bool addWithValues(odbc_database& db,
     if (!change.isOpen())
         return false;
     const std::int64_t last = lastKey(db);
-    return add(db, propertyId, name, type) && addEmptyValues(db, last) && change.commit();
+    return add(db, propertyId, name, type) && addEmptyValues(db, name, last) && change.commit();
 }
 
 bool addToTemplate(odbc_database& db,
@@ -98,7 +101,7 @@ bool addToTemplate(odbc_database& db,
                        L" AND pr_id NOT IN (SELECT pr_id FROM field WHERE name = ",
                        quotedName(name),
                        L")"))
-           && addEmptyValues(db, last) && change.commit();
+           && addEmptyValues(db, name, last) && change.commit();
 }
 
 } // namespace propertyFields
