@@ -8,6 +8,7 @@ import math
 import os
 import pathlib
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -62,14 +63,48 @@ def run(*arguments, stdin=subprocess.DEVNULL, **options):
                           timeout=120, **options)
 
 
+# With WELLDB_TEST_ENGINE=server the container lies in a database of its own on the server that
+# WELLDB_TEST_SERVER, _USER and _PASSWORD name.
+ON_SERVER = os.environ.get("WELLDB_TEST_ENGINE") == "server"
+SERVER = os.environ.get("WELLDB_TEST_SERVER", "")
+if ON_SERVER and not SERVER:
+    print("skipped: no server is named by WELLDB_TEST_SERVER")
+    sys.exit(77)
+local_only = unittest.skipIf(ON_SERVER, "of a local file")
+
+
+def administer(statement):
+    pairs = dict(pair.split("=", 1) for pair in SERVER.split(";") if "=" in pair)
+    subprocess.run(["psql", "-q", "-h", pairs["Server"], "-p", pairs["Port"], "-U",
+                    os.environ["WELLDB_TEST_USER"], "-c", statement, "postgres"], check=True,
+                   stderr=subprocess.DEVNULL,
+                   env={**os.environ, "PGPASSWORD": os.environ["WELLDB_TEST_PASSWORD"]})
+
+
 class ProgramTest(unittest.TestCase):
     maxDiff = None
+    databases = 0
 
     def setUp(self):
         holder = tempfile.TemporaryDirectory(prefix="welldb-cli-")
         self.addCleanup(holder.cleanup)
         self.folder = pathlib.Path(holder.name)
-        self.file = self.folder / "field.well2"
+        self.file = self.place("field.well2")
+
+    def place(self, name):
+        """Where a container may be made: a path, or the description of a new database."""
+        path = self.folder / name
+        if ON_SERVER:
+            ProgramTest.databases += 1
+            database = f"welldb_cli_{os.getpid()}_{ProgramTest.databases}"
+            administer(f"CREATE DATABASE {database} TEMPLATE template0")
+            self.addCleanup(administer, f"DROP DATABASE {database} WITH (FORCE)")
+            path.write_text("[TESSARO_welldb_Server_Description]\n"
+                            f"fileFolder={self.folder / path.stem}/\n"
+                            f"UID={os.environ['WELLDB_TEST_USER']}\n"
+                            f"PWD={os.environ['WELLDB_TEST_PASSWORD']}\n"
+                            f"Database={SERVER}Database={database}\n", encoding="utf-8")
+        return path
 
     def done(self, *arguments):
         """Runs a command that is to succeed, and answers its standard output."""
@@ -115,6 +150,7 @@ class ProgramTest(unittest.TestCase):
 
 
 class ContainerTest(ProgramTest):
+    @local_only
     def test_create_keeps_an_existing_file_unless_forced(self):
         self.withLog()
         before = self.file.read_bytes()
@@ -130,13 +166,14 @@ class ContainerTest(ProgramTest):
                                       "templates", "created", "created_by", "updated",
                                       "updated_by", "file_directory"])
         self.assertEqual((info["path"], info["type"], info["version"], info["status"]),
-                         (str(self.file), "local", 36, "current"))
+                         (str(self.file), "server" if ON_SERVER else "local", 36, "current"))
         self.assertEqual((info["wells"], info["properties"]), (1, 2))
         self.assertEqual(info["templates"], 8)  # one of each standard kind
         self.assertRegex(info["created"], r"^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d$")
         self.assertTrue(info["file_directory"].startswith(str(self.folder / "field")))
         self.assertIn("status", self.done("info", self.file))
 
+    @local_only
     def test_what_cannot_be_opened_is_refused_and_left_alone(self):
         self.create()
         good = self.file.read_bytes()
@@ -174,6 +211,98 @@ class ContainerTest(ProgramTest):
                      says=["out.las"])
         self.refused("export", "las", self.file, "--well", "12", "--exact", "-o",
                      sealed / "out.las", says=["out.las"])
+
+
+class CareTest(ProgramTest):
+    def exact(self, container):
+        out = self.folder / "exact.las"
+        self.done("export", "las", container, "--well", "12", "--exact", "-o", out)
+        return out.read_bytes()
+
+    def test_backup_restore_and_copy_keep_everything(self):
+        self.withLog()
+        samples = self.exact(self.file)
+        archive = self.folder / "all.zip"
+        self.assertIn("all.zip", self.done("backup", self.file, archive))
+        copies = [self.place("restored.well2"), self.place("copied.well2"),
+                  self.folder / "local.well2"]
+        self.done("restore", archive, copies[0])
+        self.done("copy", self.file, copies[1])
+        self.done("copy", copies[1], copies[2])
+        wells = self.json("wells", self.file)
+        for copy in copies:
+            self.assertEqual(self.json("wells", copy), wells)
+            self.assertEqual(self.json("props", copy, "--well", "12"),
+                             self.json("props", self.file, "--well", "12"))
+            self.assertEqual(self.exact(copy), samples)
+            self.assertEqual(self.json("check", copy)["findings"], [])
+            # New keys go on behind the old ones.
+            self.done("import", "las", copy, self.las("two.las", well="13"))
+            self.assertEqual(len(self.json("wells", copy)), 2)
+        self.refused("copy", self.file, copies[2], says=["exists already"])
+        if not ON_SERVER:
+            self.refused("restore", archive, copies[0], says=["exists already", "--force"])
+            self.done("restore", archive, copies[0], "--force")
+            self.assertEqual(self.json("wells", copies[0]), wells)
+        else:
+            self.refused("restore", archive, copies[0], says=["already"])
+        self.refused("restore", self.las("no.zip"), self.place("new.well2"), says=["no.zip"])
+
+    def test_check_and_repair(self):
+        self.withLog()
+        self.assertEqual(self.json("check", self.file),
+                         {"ok": True, "findings": [], "removed": [], "backup": None})
+        samples = self.folder / "field" / "North" / "Deep" / "12" / "LAS"
+        (samples / "lost.wpdb").write_bytes(b"x")
+        (samples / "GR.wpdb").rename(samples / "NPHI.wpdb")
+        result = run("check", self.file, "--json")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(
+            [(one["kind"], one["count"], one["repairable"])
+             for one in json.loads(result.stdout)["findings"]],
+            [("log without a sample file", 1, False), ("sample file without a log", 2, True)])
+        self.refused("check", self.file, "--repair", says=["a person"])
+        self.assertEqual([path.name for path in samples.iterdir()], ["DT.wpdb"])
+        self.assertTrue((self.folder / "field.well2.before-repair.zip").exists())
+
+    def test_optimize(self):
+        self.withLog()
+        self.assertIn("with search indexes", self.done("optimize", self.file, "--indexes"))
+        self.assertNotIn("with search indexes", self.done("optimize", self.file, "--no-indexes"))
+        self.refused("optimize", self.file, "--indexes", "--no-indexes", code=2)
+
+    @local_only
+    def test_upgrade(self):
+        self.create()
+        self.assertIn("current version 36", self.done("upgrade", self.file))
+        database = sqlite3.connect(self.file)
+        database.execute("UPDATE base_version SET version = 35")
+        database.commit()
+        database.close()
+        before = self.file.read_bytes()
+        self.refused("wells", self.file, says=["version 35"])
+        self.refused("upgrade", self.file, says=["version 35"])
+        self.assertEqual(self.file.read_bytes(), before)
+        copy = f"{self.file}.v35.bak"
+        self.assertEqual(self.json("upgrade", self.file, "--yes"),
+                         {"path": str(self.file), "from": 35, "to": 36, "copy": copy})
+        self.assertTrue(os.path.exists(copy))
+        self.assertEqual(self.json("info", self.file)["status"], "current")
+
+    @unittest.skipUnless(ON_SERVER, "of a server")
+    def test_credentials(self):
+        self.create()
+        lines = self.file.read_text(encoding="utf-8").splitlines()
+        self.file.write_text("\n".join(line for line in lines if line[:4] not in ("UID=", "PWD=")),
+                             encoding="utf-8")
+        self.refused("info", self.file, says=["WELLDB_USER", "WELLDB_PASSWORD"])
+        names = {"WELLDB_USER": os.environ["WELLDB_TEST_USER"], "WELLDB_PASSWORD": "s3cret"}
+        wrong = run("info", self.file, env={**os.environ, **names})
+        self.assertEqual(wrong.returncode, 1)
+        self.assertIn(b"wrong user or password", wrong.stderr)
+        self.assertNotIn(b"s3cret", wrong.stderr)
+        names["WELLDB_PASSWORD"] = os.environ["WELLDB_TEST_PASSWORD"]
+        self.assertEqual(run("info", self.file, env={**os.environ, **names}).returncode, 0)
 
 
 class LasTest(ProgramTest):
@@ -506,10 +635,11 @@ class UsageTest(ProgramTest):
         ]
         for arguments in cases:
             self.refused(*arguments, code=2, where=arguments)
-        self.assertFalse(f.exists())
+        self.assertEqual(f.exists(), ON_SERVER)
 
     def test_help(self):
-        commands = ["create", "info", "las", "import las", "export las", "wells", "well add",
+        commands = ["create", "info", "upgrade", "check", "backup", "restore", "optimize", "copy",
+                    "las", "import las", "export las", "wells", "well add",
                     "well set", "well rename", "well remove", "props", "data", "import survey",
                     "survey", "depth"]
         for command in commands:
