@@ -3,11 +3,13 @@
 #include "platform/numbers.h"
 #include "platform/sqlite_functions.h"
 #include "platform/sqlite_statements.h"
+#include "platform/write_turn.h"
 
 #include <pwd.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -92,7 +94,8 @@ public:
     bool connect(const std::string& path) override {
         if (sqlite3_open_v2(path.c_str(), &m_db, openFlags, nullptr) != SQLITE_OK)
             return fail("cannot open");
-        sqlite3_busy_timeout(m_db, busyMilliseconds);
+        sqlite3_busy_handler(m_db, waitALittle, this);
+        m_turn = std::make_unique<write_turn>(path);
         sqlite3_extended_result_codes(m_db, 1);
         if (!registerSqliteFunctions(m_db))
             return fail("cannot prepare");
@@ -129,7 +132,17 @@ public:
         return std::make_unique<sqlite_cursor>(std::move(statement), code == SQLITE_ROW);
     }
 
-    bool begin() override { return exec("BEGIN IMMEDIATE"); }
+    bool begin() override {
+        const auto started = std::chrono::steady_clock::now();
+        m_turn->take(std::chrono::milliseconds(busyMilliseconds));
+        const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now() - started);
+        m_waitLimit = std::max(busyMilliseconds - static_cast<int>(waited.count()), 0);
+        const bool begun = exec("BEGIN IMMEDIATE");
+        m_waitLimit = busyMilliseconds;
+        m_turn->giveBack();
+        return begun;
+    }
     // A commit that finds readers in its way may be tried again: the transaction stays open.
     bool commit() override {
         const auto giveUp =
@@ -193,6 +206,18 @@ private:
     static constexpr int openFlags =
         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX;
 
+    // The engine's own waits grow to a tenth of a second, in which many others have their turn.
+    static int waitALittle(void* self, int calls) {
+        auto& driver = *static_cast<sqlite_driver*>(self);
+        const auto now = std::chrono::steady_clock::now();
+        if (calls == 0)
+            driver.m_waitEnd = now + std::chrono::milliseconds(driver.m_waitLimit);
+        if (now >= driver.m_waitEnd)
+            return 0;
+        std::this_thread::sleep_for(std::chrono::milliseconds(std::min(calls + 1, 5)));
+        return 1;
+    }
+
     static bool isBusy(int code) {
         return (code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED;
     }
@@ -217,6 +242,9 @@ private:
 
     sqlite3* m_db = nullptr;
     std::shared_ptr<sqlite_statements> m_statements;
+    std::unique_ptr<write_turn> m_turn;
+    int m_waitLimit = busyMilliseconds; // for another program's lock
+    std::chrono::steady_clock::time_point m_waitEnd;
     std::string m_error;
 };
 

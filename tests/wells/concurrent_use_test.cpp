@@ -39,12 +39,13 @@ std::wstring nameOf(int writer) {
 // A property with a field and its points; each value is the writer's name. Keys are read back.
 bool writeProperty(odbc_database& db, int writer, int count) {
     const std::wstring own = nameOf(writer);
-    bool good = db.begin_transaction()
-                && db.exec(sql(L"INSERT INTO property (w_id, bt_id, name, p_group) VALUES (1, 1, ",
-                               quoted(own + L"/" + std::to_wstring(count)),
-                               L", ",
-                               quoted(own),
-                               L")"));
+    if (!db.begin_transaction())
+        return false;
+    bool good = db.exec(sql(L"INSERT INTO property (w_id, bt_id, name, p_group) VALUES (1, 1, ",
+                            quoted(own + L"/" + std::to_wstring(count)),
+                            L", ",
+                            quoted(own),
+                            L")"));
     const std::int64_t property = number(db, L"SELECT max(pr_id) FROM property");
     good = good
            && db.exec(sql(L"INSERT INTO field (pr_id, name, type, is_base) VALUES (",
