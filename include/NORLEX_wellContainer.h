@@ -83,7 +83,8 @@ public:
                                           const std::wstring& propName,
                                           const std::wstring& propGroup);
 
-    // Drop the schema's three indexes before a bulk load, and build them again after it.
+    // Drop the schema's three indexes before a bulk load; build them again after it, and let the
+    // engine look at how the rows are distributed.
     [[nodiscard]] bool beginBatchLoad();
     [[nodiscard]] bool endBatchLoad();
 

@@ -65,7 +65,8 @@ bool NORLEX_wellContainer::connectTo(const NORLEX_contDescription& description) 
         done = (upgrade::storedVersion(*m_db) == 0 || m_db->files().recover()) && updateVersion();
     }
     if (done) {
-        m_openFile = std::make_unique<openFile>(description.path);
+        if (description.type == 1) // a server's description is a text that anybody may read
+            m_openFile = std::make_unique<openFile>(description.path);
         return true;
     }
     m_db->disconnect();

@@ -7,6 +7,7 @@
 #include "store/audit.h"
 #include "store/container_settings.h"
 #include "store/schema.h"
+#include "store/search_indexes.h"
 #include "store/upgrade.h"
 
 using namespace sqlText;
@@ -141,7 +142,12 @@ bool NORLEX_wellContainer::beginBatchLoad() {
 }
 
 bool NORLEX_wellContainer::endBatchLoad() {
-    return isOK() ? schema::createIndexes(*m_db) : refuseClosed();
+    if (!isOK())
+        return refuseClosed();
+    if (!schema::createIndexes(*m_db))
+        return false;
+    static_cast<void>(searchIndexes::refreshStatistics(*m_db)); // without them queries are slower
+    return true;
 }
 
 bool NORLEX_wellContainer::beginTransaction() {
