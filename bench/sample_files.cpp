@@ -6,6 +6,7 @@
 #include "platform/strconv.h"
 #include "wells/sample_file.h"
 
+#include <array>
 #include <cstdio>
 
 namespace bench {
@@ -26,8 +27,11 @@ std::vector<NORLEX_logSample> samples() {
 
 using writer = bool (*)(std::FILE*, const std::vector<NORLEX_logSample>&);
 
+// The same bytes: behind a header the samples do not lie on the borders of pages.
 bool plainWrite(std::FILE* file, const std::vector<NORLEX_logSample>& data) {
-    return std::fwrite(data.data(), sizeof(NORLEX_logSample), data.size(), file) == data.size();
+    constexpr std::array<char, 100> header{};
+    return std::fwrite(header.data(), 1, header.size(), file) == header.size()
+           && std::fwrite(data.data(), sizeof(NORLEX_logSample), data.size(), file) == data.size();
 }
 
 bool formatWrite(std::FILE* file, const std::vector<NORLEX_logSample>& data) {
