@@ -125,8 +125,14 @@ TEST_F(CareTest, anArchiveGivesTheContainerBack) {
         << lastError();
     expectCopied(folder / L"new.well2", folder / L"new/O/F/W/LAS/GR.wpdb");
     EXPECT_TRUE(files::isFile(folder / L"new/journal.db"));
+    EXPECT_FALSE(NORLEX_wellContainer::restore(archive, describe(folder / L"wells.well2"), false));
+}
 
-    // Over an existing one: only when asked to, and not while it is open.
+// Only when asked to, and not while it is open.
+TEST_F(CareTest, anArchiveReplacesALocalContainer) {
+    SKIP_ON_SERVER();
+    const std::wstring archive = folder / L"a.zip";
+    ASSERT_TRUE(container->backup(archive)) << lastError();
     const auto here = describe(folder / L"wells.well2");
     EXPECT_FALSE(NORLEX_wellContainer::restore(archive, here, false));
     EXPECT_FALSE(NORLEX_wellContainer::restore(archive, here, true));
