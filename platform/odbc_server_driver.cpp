@@ -1,6 +1,7 @@
 #include "platform/odbc_server_driver.h"
 
 #include "platform/ascii.h"
+#include "platform/bulk_insert.h"
 #include "platform/connection_pairs.h"
 #include "platform/key_memory.h"
 #include "platform/numbers.h"
@@ -72,10 +73,13 @@ public:
         const auto inserted = postgresDialect::insertionOf(adapted->text);
         if (inserted && m_keys.isBehind(*inserted) && !synchronise(inserted->table))
             return false;
-        if (!run(adapted->text)) {
+        const auto arrays = bulkForm(adapted->text, inserted);
+        if (!run(arrays ? *arrays : adapted->text)) {
             m_hasFailed = m_hasFailed || m_isOpen;
             return false;
         }
+        if (postgresDialect::isDefinition(adapted->text))
+            m_types.clear();
         rememberKeys(*adapted, inserted);
         return m_isOpen || synchroniseAll();
     }
@@ -250,6 +254,25 @@ private:
         return found;
     }
 
+    // Column types are asked for once a table; rows of a table that is not there fail as they
+    // stand.
+    std::optional<std::string> bulkForm(const std::string& statement,
+                                        const std::optional<postgresDialect::insertion>& inserted) {
+        if (!inserted || !inserted->isPlain || !bulkInsert::isCandidate(statement))
+            return std::nullopt;
+        auto known = m_types.find(inserted->table);
+        if (known == m_types.end()) {
+            bulkInsert::columnTypes types;
+            const auto found = rows("SELECT attname, format_type(atttypid, NULL) FROM pg_attribute "
+                                    "WHERE attrelid = to_regclass('"
+                                    + inserted->table + "') AND attnum > 0 AND NOT attisdropped");
+            while (found && found->next())
+                types.emplace(found->text(0), found->text(1));
+            known = m_types.emplace(inserted->table, std::move(types)).first;
+        }
+        return bulkInsert::asArrays(statement, inserted->columns, known->second);
+    }
+
     void rememberKeys(const postgresDialect::adapted& done,
                       const std::optional<postgresDialect::insertion>& inserted) {
         if (inserted && m_affected > 0)
@@ -325,6 +348,7 @@ private:
     }
 
     std::shared_ptr<odbc_session> m_session;
+    std::map<std::string, bulkInsert::columnTypes> m_types; // of tables
     key_memory m_keys;
     std::int64_t m_affected = 0;
     bool m_isOpen = false;    // a transaction

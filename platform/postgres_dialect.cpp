@@ -284,6 +284,12 @@ std::optional<insertion> insertionOf(std::string_view statement) {
     return out;
 }
 
+bool isDefinition(std::string_view statement) {
+    const std::string_view word = head(statement).word();
+    return ascii::equal(word, "CREATE") || ascii::equal(word, "ALTER")
+           || ascii::equal(word, "DROP");
+}
+
 std::string deletionOf(std::string_view statement) {
     head text(statement);
     return text.is("DELETE") && text.is("FROM") ? ascii::lowered(text.word()) : std::string();

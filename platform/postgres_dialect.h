@@ -37,6 +37,9 @@ struct insertion {
 
 [[nodiscard]] std::optional<insertion> insertionOf(std::string_view statement);
 
+// Whether a statement makes, changes or removes a table.
+[[nodiscard]] bool isDefinition(std::string_view statement);
+
 // The table that a DELETE names, in lower case; empty for any other statement.
 [[nodiscard]] std::string deletionOf(std::string_view statement);
 

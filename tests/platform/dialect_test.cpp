@@ -1,3 +1,4 @@
+#include "platform/bulk_insert.h"
 #include "platform/connection_pairs.h"
 #include "platform/postgres_dialect.h"
 
@@ -95,6 +96,36 @@ TEST(DialectTest, neverTouchesALiteral) {
         EXPECT_EQ(postgresDialect::adapt(query).text, query);
         EXPECT_EQ(postgresDialect::adapt(query).is, shape::statement);
     }
+}
+
+TEST(BulkInsertTest, makesArraysOfPlainRowsOnly) {
+    const bulkInsert::columnTypes types = {
+        {"id", "integer"}, {"x", "double precision"}, {"v", "text"}};
+    const std::string head = "INSERT INTO t (id, x, V) ";
+    const std::pair<std::string, std::string> cases[] = {
+        {"VALUES (1, 2.5, 'a'),(-2, 3e5, NULL)",
+         "SELECT * FROM unnest('{1,-2}'::integer[],'{2.5,3e5}'::double precision[],'{\"a\",NULL}'::text[])"},
+        {"VALUES (1, '2', 'O''Brien \\ \"q\" {,}'), (NULL, 1, 'NULL')",
+         "SELECT * FROM unnest('{1,NULL}'::integer[],'{\"2\",1}'::double precision[],'{\"O''Brien \\\\ \\\"q\\\" {,}\",\"NULL\"}'::text[])"},
+        {"VALUES (1, 2, '')",
+         "SELECT * FROM unnest('{1}'::integer[],'{2}'::double precision[],'{\"\"}'::text[])"},
+        // rounded, or spelled, by the server; expressions; rows of another length; an open literal
+        {"VALUES (1.5, 2, 'a')", ""},
+        {"VALUES (1, 2, 7.50)", ""},
+        {"VALUES (1, 2, lower('a'))", ""},
+        {"VALUES (1, 2 + 3, 'a')", ""},
+        {"VALUES (1, 2)", ""},
+        {"VALUES (1, 2, 'a', 4)", ""},
+        {"VALUES (1, 2, 'a') ON CONFLICT DO NOTHING", ""},
+        {"VALUES (1, 2, 'a", ""},
+        {"VALUES", ""},
+        {"SELECT 1, 2, 'a'", ""},
+    };
+    for (const auto& [rows, expected] : cases)
+        EXPECT_EQ(bulkInsert::asArrays(head + rows, "id, x, V", types).value_or(""),
+                  expected.empty() ? "" : head + expected)
+            << rows;
+    EXPECT_FALSE(bulkInsert::asArrays("INSERT INTO t (no) VALUES (1)", "no", types));
 }
 
 TEST(DialectTest, tellsOneStatementFromSeveral) {

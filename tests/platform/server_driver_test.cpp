@@ -1,5 +1,6 @@
 #include "odbc_database.h"
 #include "platform/sql_text.h"
+#include "platform/strconv.h"
 #include "tests/platform/test_server.h"
 
 #include <gtest/gtest.h>
@@ -82,6 +83,24 @@ TEST_F(ServerDriverTest, storesEveryTextExactly) {
         EXPECT_TRUE(rows->get_text(0) == text) << text.size() << ", " << rows->get_text(0).size();
     }
     EXPECT_FALSE(rows->next());
+}
+
+TEST_F(ServerDriverTest, manyRowsAreStoredAsTheyAre) {
+    const std::array<std::wstring, 6> texts = {
+        L"O'Brien", L"\\ {fn now()} \"q\", ?", L"строка\r\n\t", L"NULL", L"", L"\U0001F6E2"};
+    std::wstring statement = L"INSERT INTO t (v) VALUES ";
+    for (int i = 0; i < 600; ++i)
+        statement += (i == 0 ? L"(" : L",(")
+                     + (i % 7 == 6 ? L"NULL" : quoted(texts[static_cast<std::size_t>(i % 7)]))
+                     + L")";
+    ASSERT_TRUE(db.exec(statement)) << ts::strconv::toUtf8(db.last_error());
+    EXPECT_EQ(db.affected_rows(), 600);
+    const auto rows = db.query(L"SELECT v, id FROM t ORDER BY id");
+    for (int i = 0; i < 600; ++i) {
+        ASSERT_TRUE(rows && rows->next());
+        EXPECT_EQ(rows->is_null(0), i % 7 == 6);
+        EXPECT_EQ(rows->get_text(0), i % 7 == 6 ? L"" : texts[static_cast<std::size_t>(i % 7)]);
+    }
 }
 
 TEST_F(ServerDriverTest, numbersComeBackToTheLastBitInAnyLocale) {
