@@ -17,6 +17,7 @@
 
 #include <future>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -250,11 +251,16 @@ void NORLEX_lasImport::readAhead(const std::wstring& path) {
         return;
     m_ahead = std::make_unique<ahead>();
     m_ahead->path = path;
-    m_ahead->reading = std::async(std::launch::async, [path, encoding = m_options.encoding] {
+    const auto readWhole = [path, encoding = m_options.encoding] {
         refuse({});
         NORLEX_lasfileExt file(path, false, encoding);
         return ahead::content{std::move(file), NORLEX_lastError()};
-    });
+    };
+    try {
+        m_ahead->reading = std::async(std::launch::async, readWhole);
+    } catch (const std::system_error&) {
+        m_ahead.reset(); // no more threads: it is read when its turn comes
+    }
 }
 
 NORLEX_lasfileExt NORLEX_lasImport::read(const std::wstring& path) {

@@ -1,6 +1,7 @@
 #include "platform/bulk_insert.h"
 
 #include "platform/ascii.h"
+#include "platform/numbers.h"
 #include "platform/sql_tokens.h"
 
 #include <algorithm>
@@ -96,7 +97,8 @@ private:
         if (!ascii::equal(word, "NULL")) {
             // A fraction is rounded where it stands alone, and refused in an array.
             const char* const signs = isInteger(to.type) ? "-0123456789" : "+-.0123456789eE";
-            const bool isNumber = !word.empty()
+            // What is not read whole, as 1-2, is an expression.
+            const bool isNumber = numbers::toDouble(word)
                                   && (word[0] == '-' || (word[0] >= '0' && word[0] <= '9'))
                                   && word.find_first_not_of(signs) == std::string_view::npos;
             if (!isNumber || to.type == "text")

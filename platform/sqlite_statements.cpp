@@ -1,6 +1,8 @@
 #include "platform/sqlite_statements.h"
 
+#include "platform/ascii.h"
 #include "platform/numbers.h"
+#include "platform/sql_tokens.h"
 
 #include <algorithm>
 #include <array>
@@ -16,10 +18,7 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool isWordCharacter(char c) {
-    return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'
-           || static_cast<unsigned char>(c) >= 0x80;
-}
+using sqlTokens::isWordCharacter;
 
 class splitter {
 public:
@@ -135,13 +134,15 @@ private:
             ++end;
         if (end < m_text.size() && m_text[end] == '\'')
             return false; // x'00', a blob
+        if (ascii::equal(m_text.substr(m_at, end - m_at), "SELECT"))
+            m_isChange = false; // its lists are those of a query
         copy(end - m_at);
         m_before = 'a';
         return true;
     }
 
     std::string_view m_text;
-    bool m_isChange;
+    bool m_isChange; // so far
     std::size_t m_at = 0;
     char m_before = 'a'; // the last sign; 'a' for a word, '?' for a literal
     parts m_out;

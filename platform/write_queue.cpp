@@ -1,8 +1,11 @@
 #include "platform/write_queue.h"
 
 #include "NORLEX_lastError.h"
+#include "platform/last_error.h"
 
 #include <algorithm>
+#include <new>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -11,11 +14,25 @@ constexpr std::size_t mostWaiting = 4;
 
 void write_queue::add(std::size_t change, task write) {
     std::unique_lock lock(m_mutex);
-    if (!m_thread.joinable())
-        m_thread = std::jthread([this](const std::stop_token& stop) { run(stop); });
+    if (!startThread()) {
+        if (!write())
+            m_failed.push_back({change, NORLEX_lastError()});
+        return;
+    }
     m_changed.wait(lock, [this] { return m_waiting.size() < mostWaiting; });
     m_waiting.emplace_back(change, std::move(write));
     m_changed.notify_all();
+}
+
+// False where the system gives no more threads: the file is written at once then.
+bool write_queue::startThread() {
+    try {
+        if (!m_thread.joinable())
+            m_thread = std::jthread([this](const std::stop_token& stop) { run(stop); });
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
 }
 
 void write_queue::wait() {
@@ -38,7 +55,12 @@ void write_queue::run(const std::stop_token& stop) {
     while (m_changed.wait(lock, stop, [this] { return !m_waiting.empty(); })) {
         auto& [change, write] = m_waiting.front(); // stays in its place while others are added
         lock.unlock();
-        const bool written = write();
+        bool written = false;
+        try {
+            written = write();
+        } catch (const std::bad_alloc&) {
+            refuse(L"there is not enough memory to write a file");
+        }
         write = nullptr; // what it holds goes now
         lock.lock();
         if (!written)

@@ -31,6 +31,7 @@ private:
         std::wstring why;
     };
 
+    [[nodiscard]] bool startThread();
     void run(const std::stop_token& stop);
 
     mutable std::mutex m_mutex;

@@ -123,7 +123,8 @@ std::wstring withoutEnd(const std::wstring& folder) {
     return folder.substr(0, folder.find_last_not_of(L"/\\") + 1);
 }
 
-// Puts `from` in the place of `to` and keeps what was there, to be put back or removed.
+// Puts `from`, or nothing where it is not there, in the place of `to` and keeps what was there, to
+// be put back or removed.
 class exchanged {
 public:
     [[nodiscard]] bool put(const std::wstring& from, const std::wstring& to) {
@@ -155,15 +156,20 @@ private:
 };
 
 bool putInPlace(const work_folder& work, const NORLEX_contDescription& target) {
-    exchanged database, folder;
-    const std::wstring files = withoutEnd(target.fileContainerPath);
-    if (folder.put(work / L"files", files) && database.put(work / databaseName, target.path)) {
+    // The engine would play an old rollback journal into the new database.
+    exchanged database, journal, folder;
+    const std::wstring folderPath = withoutEnd(target.fileContainerPath);
+    if (folder.put(work / L"files", folderPath)
+        && journal.put(work / L"none", target.path + L"-journal")
+        && database.put(work / databaseName, target.path)) {
         folder.keep();
+        journal.keep();
         database.keep();
         return true;
     }
     const std::wstring why = NORLEX_lastError();
     database.undo();
+    journal.undo();
     folder.undo();
     return refuse(why);
 }

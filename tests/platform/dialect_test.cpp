@@ -114,6 +114,7 @@ TEST(BulkInsertTest, makesArraysOfPlainRowsOnly) {
         {"VALUES (1, 2, 7.50)", ""},
         {"VALUES (1, 2, lower('a'))", ""},
         {"VALUES (1, 2 + 3, 'a')", ""},
+        {"VALUES (1-2, 2, 'a')", ""},
         {"VALUES (1, 2)", ""},
         {"VALUES (1, 2, 'a', 4)", ""},
         {"VALUES (1, 2, 'a') ON CONFLICT DO NOTHING", ""},

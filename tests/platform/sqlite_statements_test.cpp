@@ -38,6 +38,8 @@ TEST(SqliteShape, onlyValuesAreTakenOut) {
         {"SELECT a FROM t WHERE b = 0x10", "(literals) SELECT a FROM t WHERE b = 0x10 "},
         {"DELETE FROM t WHERE b = 99999999999999999999",
          "(literals) DELETE FROM t WHERE b = 99999999999999999999 "},
+        {"INSERT INTO t (a) SELECT a FROM u WHERE b = 5 ORDER BY c, 2",
+         "(literals) INSERT INTO t (a) SELECT a FROM u WHERE b = ? ORDER BY c, 2 5|"},
         {"SAVEPOINT level_1", "SAVEPOINT level_1 "},
         {"SELECT a FROM t WHERE b = x'00'", "alone"},
         {"SELECT a FROM t WHERE b = ?", "alone"},

@@ -143,6 +143,12 @@ TEST_F(CareTest, anArchiveReplacesALocalContainer) {
     ASSERT_TRUE(NORLEX_wellContainer::restore(archive, here, true)) << lastError();
     expectCopied(folder / L"wells.well2", folder / L"wells/O/F/W/LAS/GR.wpdb");
     EXPECT_FALSE(files::isFile(folder / L"wells/O/F/W/LAS/DT.wpdb")) << "not of the backup";
+    // Where the database is lost, and the rollback journal of its last writer is not.
+    ASSERT_TRUE(files::removeFile(folder / L"wells.well2"));
+    folder.write(L"wells.well2-journal", "of the old one");
+    ASSERT_TRUE(NORLEX_wellContainer::restore(archive, here, true)) << lastError();
+    EXPECT_FALSE(files::isFile(folder / L"wells.well2-journal"));
+    expectCopied(folder / L"wells.well2", folder / L"wells/O/F/W/LAS/GR.wpdb");
     for (const auto& path : files::listTree(folder / L""))
         EXPECT_EQ(path.find(L'~'), std::wstring::npos) << "left behind";
 }
