@@ -1,7 +1,7 @@
 // Any file as a table, and as lines: the first byte chooses the options.
 #include "platform/files.h"
 #include "platform/strconv.h"
-#include "platform/table_reader.h"
+#include "tableReader.h"
 #include "platform/textio.h"
 
 #include <cstdint>

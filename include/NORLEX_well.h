@@ -3,6 +3,7 @@
 
 #include "NORLEX_dataType.h"
 #include "NORLEX_depthRange.h"
+#include "NORLEX_derivedData.h"
 #include "NORLEX_export.h"
 #include "NORLEX_inclinometry.h"
 #include "NORLEX_propDescription.h"
@@ -16,8 +17,21 @@
 #include <string>
 #include <vector>
 
+class changeWatch;
 class globalEventObserver;
+struct eventMsgDescription;
 class odbc_database;
+
+namespace tableRW {
+class tableReader;
+}
+
+// A metadata entry of a well or of its logs.
+struct NORLEX_metaEntry {
+    std::wstring group; // "well" or "property"
+    std::wstring key;
+    std::wstring value;
+};
 
 // What a property list shows of each property.
 struct NORLEX_propertyInfo {
@@ -44,7 +58,9 @@ struct NORLEX_wellInfo {
 
 // The triple (work object, field, name) is unique in a container; work object and field may be
 // empty, a name may not. Apostrophes are dropped from names wherever they are given. A name whose
-// spelling as a file name is longer than 240 bytes is refused. The database is not owned.
+// spelling as a file name is longer than 240 bytes is refused. The database is not owned. An object
+// that is held open follows announced changes: its survey is read again, and it is not OK any more
+// once the well is deleted.
 class NORLEX_API NORLEX_well {
 public:
     NORLEX_well(odbc_database* db, const NORLEX_wellDescription& description);
@@ -94,6 +110,13 @@ public:
     [[nodiscard]] static std::int64_t getPropertyCount(odbc_database* db,
                                                        const NORLEX_wellDescription& well);
 
+    // Wells whose attribute `attribute` has the value, by key.
+    [[nodiscard]] static std::vector<std::uint32_t>
+    getObjectList(odbc_database* db, const std::wstring& attribute, const std::wstring& value);
+    // What differs between two wells, a line each: position, survey, properties. Empty: nothing.
+    [[nodiscard]] static std::wstring
+    compareWells(odbc_database* db, std::uint32_t first, std::uint32_t second);
+
     // Identity. Renaming moves the well's files; a failed move undoes it, and so does a triple that
     // another well has. It is announced. A rename to the present names changes nothing.
     [[nodiscard]] bool open(const NORLEX_wellDescription& description);
@@ -133,6 +156,16 @@ public:
     [[nodiscard]] double getBottomBaseValue() const; // 0.0 while none is set
     [[nodiscard]] bool setBottom(double depth);      // stored with two decimals
     [[nodiscard]] bool resetBottom();
+    // A few lines that tell a person what the well is: names, position, survey, bottom, properties.
+    [[nodiscard]] std::wstring getInfoString();
+
+    // Attributes of the well: key and value. Setting one is announced.
+    [[nodiscard]] bool setAttribute(const std::wstring& attribute, const std::wstring& value);
+    [[nodiscard]] std::wstring getAttribute(const std::wstring& attribute) const;
+    // The distinct metadata of the well and of its properties, by group and key.
+    [[nodiscard]] std::vector<NORLEX_metaEntry> getDistinctLasMeta() const;
+    // The path of a file attached to the well, which need not exist.
+    [[nodiscard]] std::wstring getFileName(const std::wstring& file) const;
 
     // Properties.
     [[nodiscard]] bool createProperty(NORLEX_dataType type, const NORLEX_propDescription& prop);
@@ -140,10 +173,20 @@ public:
                                                   const NORLEX_propDescription& prop);
     [[nodiscard]] std::unique_ptr<NORLEX_wellProperty> // null when there is none
     openProperty(const NORLEX_propDescription& prop);
+    // Made and opened.
+    [[nodiscard]] std::unique_ptr<NORLEX_wellProperty>
+    createPropertyPtr(NORLEX_dataType type, const NORLEX_propDescription& prop);
+    [[nodiscard]] std::unique_ptr<NORLEX_wellProperty>
+    createPropertyFromTemplatePtr(const std::wstring& templateName,
+                                  const NORLEX_propDescription& prop);
     [[nodiscard]] bool removeProperty(const NORLEX_propDescription& prop);
     // Moves a log's samples too; a name and group that the well has already are refused.
     [[nodiscard]] bool renameProperty(const NORLEX_propDescription& oldProp,
                                       const NORLEX_propDescription& newProp);
+    // Moves a log to another group.
+    [[nodiscard]] bool renamePropertyGroupLAS(const NORLEX_propDescription& prop,
+                                              const std::wstring& newGroup);
+    void getPropertyListAny(std::vector<std::wstring>& names) const; // each once, in any group
     void getPropertyList(std::vector<NORLEX_propDescription>& properties) const; // by group, name
     void getPropertyInfoList(std::vector<NORLEX_propertyInfo>& properties) const;
     [[nodiscard]] std::int64_t getPropertyCount() const;
@@ -155,6 +198,68 @@ public:
     // or has no samples.
     [[nodiscard]] bool getPropertyLasDepthRange(const NORLEX_propDescription& prop,
                                                 NORLEX_depthRange& range) const;
+
+    // The extent of a property of any kind that has depths; false without a record.
+    [[nodiscard]] bool getPropertyDepthRange(const NORLEX_propDescription& prop,
+                                             NORLEX_depthRange& range) const;
+    // Of one kind each: rows of points and intervals, picks of a border property, a data set.
+    [[nodiscard]] bool getPropertyBaseDepthRange(const NORLEX_propDescription& prop,
+                                                 NORLEX_depthRange& range) const;
+    [[nodiscard]] bool getPropertyBordersRange(const NORLEX_propDescription& prop,
+                                               NORLEX_depthRange& range) const;
+    [[nodiscard]] bool getPropertySerialDepthRange(const NORLEX_propDescription& prop,
+                                                   NORLEX_depthRange& range) const;
+
+    // Data made from data. Each makes the new property `result`, which must not exist, in one
+    // transaction, or leaves the well as it was. Values that are missing or no numbers take no part
+    // and stay missing.
+    //
+    // A log of the numeric field of points or intervals: `step` metres apart, the interval's value
+    // inside it, between points on the straight line.
+    [[nodiscard]] bool makeLogFromData(const NORLEX_propDescription& source,
+                                       const std::wstring& field,
+                                       double step,
+                                       const NORLEX_propDescription& result);
+    // A log's mean or median within half a window of measured depth to each side of every sample.
+    [[nodiscard]] bool windowFilter(const NORLEX_propDescription& log,
+                                    NORLEX_windowKind kind,
+                                    double window,
+                                    const NORLEX_propDescription& result);
+    // The fewest samples of a log from which straight lines stay within `tolerance`, in the unit of
+    // its values, of all the others: Ramer 1972, Douglas and Peucker 1973, the distance being taken
+    // along the value axis. Missing samples split the log.
+    [[nodiscard]] bool propSimplify(const NORLEX_propDescription& log,
+                                    double tolerance,
+                                    const NORLEX_propDescription& result);
+    // Markers where a log crosses a cutoff, at the depth of the straight line between the samples.
+    [[nodiscard]] bool makeMarkerFromLAS(const NORLEX_propDescription& log,
+                                         double cutoff,
+                                         NORLEX_crossing crossing,
+                                         const NORLEX_propDescription& result);
+    // One log of several runs. Where two cover the same depths, `overlap` says whose samples stand.
+    [[nodiscard]] bool joinLas(const std::vector<NORLEX_propDescription>& runs,
+                               NORLEX_lasOverlap overlap,
+                               const NORLEX_propDescription& result);
+    // Writes a statistic of a log within each interval of a property into a field of it, which is
+    // added to the property where it is not there. An interval without a value gets an empty text.
+    [[nodiscard]] bool calcAttributeToColumn(const NORLEX_propDescription& log,
+                                             const NORLEX_propDescription& column,
+                                             const std::wstring& field,
+                                             NORLEX_statistic statistic);
+    // Intervals where a log, or a numeric field of points or intervals, lies within the options'
+    // range.
+    [[nodiscard]] bool createIntervalsFromProp(const NORLEX_propDescription& source,
+                                               const std::wstring& field,
+                                               const NORLEX_intervalOptions& options,
+                                               const NORLEX_propDescription& result);
+    // Adds the rows of a table to a property, which is made from the template where it is not
+    // there.
+    [[nodiscard]] bool appendDataFromReader(tableRW::tableReader& reader,
+                                            const std::wstring& templateName,
+                                            const NORLEX_propDescription& prop,
+                                            const NORLEX_tableColumns& columns,
+                                            const NORLEX_tableOptions& options,
+                                            NORLEX_tableReport& report);
 
     // Survey. The pointer stays the well's and is valid while the well is.
     [[nodiscard]] NORLEX_inclinometry* getIncl();
@@ -178,6 +283,8 @@ public:
                                       const std::vector<NORLEX_wellProperty*>& properties);
 
     [[nodiscard]] globalEventObserver& getEventObserver() const;
+    // What a change elsewhere means to this object; called by the observer.
+    void onGlobalUpdate(const eventMsgDescription& message);
 
 private:
     [[nodiscard]] bool openRow(std::uint32_t wellId);
@@ -186,12 +293,16 @@ private:
     [[nodiscard]] double numberOf(const wchar_t* statement) const;
     [[nodiscard]] bool editPosition(const std::function<bool()>& change);
     [[nodiscard]] bool editTrajectory(const std::function<bool()>& change, bool silent);
-    [[nodiscard]] bool recalcProperties();
+    [[nodiscard]] bool recalcProperties(bool announce);
+    [[nodiscard]] bool rangeOf(const NORLEX_propDescription& prop,
+                               const std::function<bool(NORLEX_dataType)>& isMeant,
+                               NORLEX_depthRange& range) const;
     void announceUpdate();
 
     odbc_database* m_db = nullptr;
     std::uint32_t m_wellId = 0;
     std::wstring m_uuid;
     std::unique_ptr<NORLEX_inclinometry> m_incl; // made when it is first asked for
+    std::unique_ptr<changeWatch> m_watch;
     bool m_ok = false;
 };

@@ -34,7 +34,10 @@ public:
     // dooms the innermost level: what follows is refused until that level is rolled back.
     [[nodiscard]] bool exec(std::wstring_view statement);
 
-    // Null when the database rejects the statement; callers treat that as no rows.
+    // Null when the database rejects the statement; callers treat that as no rows. Inside a
+    // transaction only a statement that the database cannot run, such as one on a table that is not
+    // there, is taken so: when the engine fails, the innermost level is doomed, since what would
+    // follow from rows that are missing must not be committed.
     [[nodiscard]] std::unique_ptr<odbc_result> query(std::wstring_view statement);
 
     // Rows that the last exec() inserted, changed or deleted.

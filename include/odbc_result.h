@@ -4,6 +4,7 @@
 #include "NORLEX_export.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,12 +15,14 @@ class sql_cursor;
 // needed, an open one holds other programs back from writing.
 class NORLEX_API odbc_result {
 public:
-    explicit odbc_result(std::unique_ptr<sql_cursor> cursor);
+    // `onBroken` is called when the rows end because the engine failed.
+    explicit odbc_result(std::unique_ptr<sql_cursor> cursor, std::function<void()> onBroken = {});
     ~odbc_result();
     odbc_result(const odbc_result&) = delete;
     odbc_result& operator=(const odbc_result&) = delete;
 
-    // Steps to the next row; false after the last one.
+    // Steps to the next row; false after the last one, and when the engine fails: that dooms an
+    // open transaction.
     [[nodiscard]] bool next();
 
     [[nodiscard]] std::wstring get_text(int column) const;
@@ -32,4 +35,5 @@ public:
 
 private:
     std::unique_ptr<sql_cursor> m_cursor;
+    std::function<void()> m_onBroken;
 };

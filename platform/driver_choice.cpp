@@ -3,6 +3,17 @@
 #include "platform/odbc_server_driver.h"
 #include "platform/sqlite_driver.h"
 
+#include <utility>
+
+namespace {
+
+driverWrapper& wrapper() {
+    static driverWrapper current;
+    return current;
+}
+
+} // namespace
+
 // A path may hold "=" and ";" too: only a text whose part before the first "=" is a plain word and
 // that ends in ";" is taken for pairs.
 bool namesServer(const std::string& connectionString) {
@@ -15,5 +26,10 @@ bool namesServer(const std::string& connectionString) {
 }
 
 std::unique_ptr<sql_driver> makeDriver(const std::string& connectionString) {
-    return namesServer(connectionString) ? makeServerDriver() : makeSqliteDriver();
+    auto driver = namesServer(connectionString) ? makeServerDriver() : makeSqliteDriver();
+    return wrapper() ? wrapper()(std::move(driver)) : std::move(driver);
+}
+
+void setDriverWrapper(driverWrapper wrap) {
+    wrapper() = std::move(wrap);
 }

@@ -106,7 +106,9 @@ void odbc_cursor::bind() {
 
 bool odbc_cursor::fetchBlock() {
     m_row = 0;
-    if (m_columns.empty() || !SQL_SUCCEEDED(SQLFetch(m_statement.get())))
+    const SQLRETURN code = m_columns.empty() ? SQL_NO_DATA : SQLFetch(m_statement.get());
+    m_isBroken = code != SQL_NO_DATA && !SQL_SUCCEEDED(code);
+    if (!SQL_SUCCEEDED(code))
         m_fetched = 0;
     return m_fetched > 0;
 }

@@ -16,6 +16,7 @@ public:
     ~odbc_cursor() override;
 
     bool next() override;
+    bool isBroken() const override { return m_isBroken; }
     int columnCount() const override { return static_cast<int>(m_columns.size()); }
     std::string columnName(int column) const override;
     bool isNull(int column) const override;
@@ -51,6 +52,7 @@ private:
     odbc_session::statement m_statement;
     mutable std::vector<field> m_columns;
     std::size_t m_blockRows = 1;
+    bool m_isBroken = false;
     SQLULEN m_fetched = 0;
     std::size_t m_row = 0; // in the block
 };

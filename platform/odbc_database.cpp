@@ -53,6 +53,13 @@ struct odbc_database::connection {
         return refuse(L"database " + shown(connectionString) + L": " + error);
     }
     bool failDriver() { return fail(ts::strconv::fromUtf8(driver->error())); }
+    // A query failed for a reason that is not its own.
+    void doom(const std::string& why) {
+        if (levels.empty())
+            return;
+        fail(ts::strconv::fromUtf8(why));
+        levels.back().doomed = true;
+    }
     bool isDoomed() const { return !levels.empty() && levels.back().doomed; }
 };
 
@@ -124,9 +131,12 @@ std::unique_ptr<odbc_result> odbc_database::query(std::wstring_view statement) {
     auto cursor = c.driver->query(ts::strconv::toUtf8(statement));
     if (!cursor) {
         c.error = ts::strconv::fromUtf8(c.driver->error());
+        if (!c.driver->wasStatementWrong())
+            c.doom(c.driver->error());
         return nullptr;
     }
-    return std::make_unique<odbc_result>(std::move(cursor));
+    return std::make_unique<odbc_result>(
+        std::move(cursor), [&c] { c.doom("the rows of a query could not be read to their end"); });
 }
 
 std::int64_t odbc_database::affected_rows() const {
@@ -151,8 +161,10 @@ bool odbc_database::end_transaction() {
     if (c.levels.empty())
         return c.fail(L"no transaction is open");
     if (c.levels.size() > 1) {
-        const bool released =
-            !c.levels.back().doomed && c.driver->release(static_cast<int>(c.levels.size()) - 1);
+        const bool doomed = c.isDoomed();
+        const bool released = !doomed && c.driver->release(static_cast<int>(c.levels.size()) - 1);
+        if (!released && !doomed)
+            c.failDriver();
         if (released)
             c.levels.pop_back();
         else

@@ -5,12 +5,17 @@
 
 #include <utility>
 
-odbc_result::odbc_result(std::unique_ptr<sql_cursor> cursor) : m_cursor(std::move(cursor)) {}
+odbc_result::odbc_result(std::unique_ptr<sql_cursor> cursor, std::function<void()> onBroken)
+    : m_cursor(std::move(cursor)), m_onBroken(std::move(onBroken)) {}
 
 odbc_result::~odbc_result() = default;
 
 bool odbc_result::next() {
-    return m_cursor->next();
+    if (m_cursor->next())
+        return true;
+    if (m_onBroken && m_cursor->isBroken())
+        std::exchange(m_onBroken, {})();
+    return false;
 }
 
 std::wstring odbc_result::get_text(int column) const {

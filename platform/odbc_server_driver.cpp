@@ -156,6 +156,7 @@ public:
         return "to_char(statement_timestamp() AT TIME ZONE 'UTC', 'YYYY-MM-DD HH24:MI:SS')";
     }
     std::string user() const override { return m_user; }
+    bool wasStatementWrong() const override { return m_wasStatementWrong; }
     std::string error() const override { return m_error; }
 
 private:
@@ -164,11 +165,17 @@ private:
         return false;
     }
 
+    void failMalformed(const char* why) {
+        fail(why);
+        m_wasStatementWrong = true;
+    }
+
     // Runs a text as it stands. A connection that was lost stays so: the transaction went with it,
     // and a new one would go on in the middle of it.
     odbc_session::statement start(std::string_view text) {
         if (m_isLost) {
             fail("the connection to the server was lost; connect again");
+            m_wasStatementWrong = false;
             return nullptr;
         }
         auto statement = m_session->run(text);
@@ -178,6 +185,9 @@ private:
     }
     void failStatement() {
         m_isLost = m_session->isLost();
+        // class 42: a wrong statement, or one that the user may not run
+        const auto& state = m_session->failure().state;
+        m_wasStatementWrong = !m_isLost && state.starts_with("42") && state != "42501";
         fail(m_isLost ? "the connection to the server was lost (" + m_session->failure().text + ")"
                       : serverRefusals::ofStatement(m_session->failure()));
     }
@@ -201,9 +211,9 @@ private:
     std::optional<postgresDialect::adapted> adapt(std::string_view statement) {
         auto out = postgresDialect::adapt(statement);
         if (out.is == postgresDialect::shape::several)
-            fail("text after the end of the statement");
+            failMalformed("text after the end of the statement");
         else if (out.is == postgresDialect::shape::empty)
-            fail("the statement is empty");
+            failMalformed("the statement is empty");
         else
             return out;
         return std::nullopt;
@@ -351,7 +361,8 @@ private:
     std::map<std::string, bulkInsert::columnTypes> m_types; // of tables
     key_memory m_keys;
     std::int64_t m_affected = 0;
-    bool m_isOpen = false;    // a transaction
+    bool m_isOpen = false; // a transaction
+    bool m_wasStatementWrong = false;
     bool m_hasFailed = false; // a statement of it
     bool m_isLost = false;
     std::string m_user;

@@ -17,6 +17,7 @@ class sql_cursor {
 public:
     virtual ~sql_cursor() = default;
     virtual bool next() = 0; // false after the last row, and when the engine fails
+    virtual bool isBroken() const = 0; // it did fail
     virtual int columnCount() const = 0;
     virtual std::string columnName(int column) const = 0;
     // A NULL reads as empty text, 0, and isNull(). Views are good until the next call of next().
@@ -61,6 +62,9 @@ public:
     virtual std::string currentTime() const = 0; // SQL expression
     virtual std::string user() const = 0;
 
+    // Whether the last call failed because the statement is none that this database can run: it
+    // names a table that is not there, or is malformed. Any other failure is the engine's.
+    virtual bool wasStatementWrong() const = 0;
     // Why the last call failed, in one line.
     virtual std::string error() const = 0;
 };

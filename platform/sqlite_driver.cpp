@@ -42,9 +42,12 @@ public:
             m_pending = false;
             return true;
         }
-        m_ended = sqlite3_step(m_statement.get()) != SQLITE_ROW;
+        const int code = sqlite3_step(m_statement.get());
+        m_ended = code != SQLITE_ROW;
+        m_broken = m_ended && code != SQLITE_DONE;
         return !m_ended;
     }
+    bool isBroken() const override { return m_broken; }
     int columnCount() const override { return sqlite3_column_count(m_statement.get()); }
     std::string columnName(int column) const override {
         const char* name = sqlite3_column_name(m_statement.get(), column);
@@ -77,6 +80,7 @@ private:
     mutable std::string m_number;
     bool m_pending;
     bool m_ended;
+    bool m_broken = false;
 };
 
 class sqlite_driver final : public sql_driver {
@@ -200,6 +204,7 @@ public:
     std::string primaryKey() const override { return "INTEGER PRIMARY KEY AUTOINCREMENT"; }
     std::string currentTime() const override { return "strftime('%Y-%m-%d %H:%M:%S', 'now')"; }
     std::string user() const override { return systemUser(); }
+    bool wasStatementWrong() const override { return m_wasStatementWrong; }
     std::string error() const override { return m_error; }
 
 private:
@@ -223,6 +228,7 @@ private:
     }
 
     bool fail(const char* what) {
+        m_wasStatementWrong = m_db != nullptr && (sqlite3_errcode(m_db) & 0xff) == SQLITE_ERROR;
         m_error =
             std::string(what) + ": " + (m_db != nullptr ? sqlite3_errmsg(m_db) : "out of memory");
         return false;
@@ -230,6 +236,7 @@ private:
 
     statementHandle prepare(std::string_view text) {
         bool hasMore = false;
+        m_wasStatementWrong = true;
         auto statement = m_statements->take(text, hasMore);
         if (hasMore)
             m_error = "text after the end of the statement";
@@ -245,6 +252,7 @@ private:
     std::unique_ptr<write_turn> m_turn;
     int m_waitLimit = busyMilliseconds; // for another program's lock
     std::chrono::steady_clock::time_point m_waitEnd;
+    bool m_wasStatementWrong = false;
     std::string m_error;
 };
 

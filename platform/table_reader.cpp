@@ -1,4 +1,4 @@
-#include "platform/table_reader.h"
+#include "tableReader.h"
 
 #include "platform/last_error.h"
 #include "platform/textio.h"
@@ -181,6 +181,10 @@ std::uint64_t tableReader::rowNumber() const {
 
 std::uint64_t tableReader::lineNumber() const {
     return m_state ? m_state->line : 0;
+}
+
+std::uint64_t tableReader::bytesLeft() const {
+    return m_state ? m_state->io.bytesLeft() : 0;
 }
 
 } // namespace tableRW

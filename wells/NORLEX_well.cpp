@@ -8,6 +8,7 @@
 #include "store/audit.h"
 #include "store/journal.h"
 #include "wells/announce.h"
+#include "wells/change_watch.h"
 #include "wells/names.h"
 #include "wells/query.h"
 #include "wells/well_records.h"
@@ -107,6 +108,8 @@ bool NORLEX_well::openRow(std::uint32_t wellId) {
     m_wellId = wellId;
     m_uuid = row->get_text(1);
     m_ok = true;
+    m_watch = std::make_unique<changeWatch>(
+        *m_db, m_wellId, [this](const eventMsgDescription& message) { onGlobalUpdate(message); });
     return true;
 }
 

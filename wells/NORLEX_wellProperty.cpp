@@ -10,6 +10,7 @@
 #include "wells/announce.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
+#include "wells/property_state.h"
 #include "wells/query.h"
 #include "wells/well_records.h"
 
@@ -17,36 +18,20 @@
 
 using namespace sqlText;
 
-namespace {
-
-std::vector<NORLEX_propField> readFields(odbc_database& db, std::int64_t propertyId) {
-    std::vector<NORLEX_propField> out;
-    for (auto& field : propertyFields::read(db, propertyId))
-        out.push_back({field.fieldId, std::move(field.name), field.type});
-    return out;
-}
-
-} // namespace
-
 NORLEX_wellProperty::NORLEX_wellProperty(odbc_database* db,
                                          std::int64_t propertyId,
                                          NORLEX_inclinometry* incl,
                                          NORLEX_wellVDM* vdm)
-    : m_db(db), m_incl(incl), m_vdm(vdm) {
-    if (!query::isOpen(db))
+    : m_db(db), m_incl(incl), m_vdm(vdm), m_state(std::make_unique<state>()) {
+    m_state->id = propertyId;
+    if (!query::isOpen(db) || !readRow())
         return;
-    auto row = propertyRecords::read(*db, propertyId);
-    if (!row)
-        return;
-    m_id = row->id;
-    m_wellId = row->wellId;
-    m_descr = std::move(row->description);
-    m_comment = std::move(row->comment);
-    m_templateName = std::move(row->templateName);
-    m_type = row->type;
-    m_fields = readFields(*db, m_id);
-    m_ok = true;
+    m_state->watch.emplace(*db, m_state->wellId, [this](const eventMsgDescription& message) {
+        onGlobalUpdate(message);
+    });
 }
+
+NORLEX_wellProperty::~NORLEX_wellProperty() = default;
 
 bool NORLEX_wellProperty::create(odbc_database* db,
                                  std::uint32_t wellId,
@@ -97,74 +82,79 @@ bool NORLEX_wellProperty::create(odbc_database* db,
 }
 
 bool NORLEX_wellProperty::isOK() const {
-    return m_ok;
+    refresh();
+    return m_state->ok;
 }
 std::int64_t NORLEX_wellProperty::getID() const {
-    return m_id;
+    return m_state->ok ? m_state->id : 0;
 }
 std::uint32_t NORLEX_wellProperty::getWellID() const {
-    return m_wellId;
+    return m_state->wellId;
 }
 const std::wstring& NORLEX_wellProperty::getName() const {
-    return m_descr.name;
+    refresh();
+    return m_state->descr.name;
 }
 const std::wstring& NORLEX_wellProperty::getGroup() const {
-    return m_descr.group;
+    refresh();
+    return m_state->descr.group;
 }
 const std::wstring& NORLEX_wellProperty::getComment() const {
-    return m_comment;
+    refresh();
+    return m_state->comment;
 }
 NORLEX_dataType NORLEX_wellProperty::getType() const {
-    return m_type;
+    return m_state->type;
 }
 const std::wstring& NORLEX_wellProperty::getTemplateName() const {
-    return m_templateName;
+    refresh();
+    return m_state->templateName;
 }
 const std::vector<NORLEX_propField>& NORLEX_wellProperty::getFields() const {
-    return m_fields;
-}
-
-void NORLEX_wellProperty::announceData() const {
-    const auto well = wellRecords::read(*m_db, m_wellId).value_or(NORLEX_wellDescription{});
-    announce::afterCommit(*m_db, [well, prop = m_descr](auto& observer, const auto& container) {
-        observer.updateDataProperty(0, container, well, prop);
-    });
+    refresh();
+    return m_state->fields;
 }
 
 bool NORLEX_wellProperty::createField(const std::wstring& name,
                                       NORLEX_fieldType type,
                                       bool announce) {
+    refresh();
     const std::wstring plain = plainName(name);
-    if (!m_ok || plain.empty())
+    if (!m_state->ok || plain.empty())
         return refuse(L"a field needs an open property and a name that is not empty");
     transaction edit(m_db);
     if (!edit.isOpen())
         return false;
-    m_fields = readFields(*m_db, m_id);
-    if (std::any_of(
-            m_fields.begin(), m_fields.end(), [&](const auto& f) { return f.name == plain; }))
-        return refuse(L"the property " + names::shown(m_descr) + L" has a field " + plain
+    if (!readRow())
+        return false;
+    if (std::any_of(m_state->fields.begin(), m_state->fields.end(), [&](const auto& f) {
+            return f.name == plain;
+        }))
+        return refuse(L"the property " + names::shown(m_state->descr) + L" has a field " + plain
                       + L" already; another name is expected");
-    if (!propertyFields::addWithValues(*m_db, m_id, plain, type)
-        || !propertyRecords::touch(*m_db, m_id))
+    if (!propertyFields::addWithValues(*m_db, m_state->id, plain, type)
+        || !propertyRecords::touch(*m_db, m_state->id))
         return false;
     if (announce)
         announceData();
     const bool done = edit.commit();
-    m_fields = readFields(*m_db, m_id);
+    m_state->isStale = true;
     return done;
 }
 
 bool NORLEX_wellProperty::removeField(const std::wstring& name) {
+    refresh();
     const std::wstring plain = plainName(name);
-    const auto field = std::find_if(
-        m_fields.begin(), m_fields.end(), [&](const auto& f) { return f.name == plain; });
-    if (!m_ok || field == m_fields.end())
-        return refuse(L"the property " + names::shown(m_descr) + L" has no field " + plain);
+    const auto field = std::find_if(m_state->fields.begin(),
+                                    m_state->fields.end(),
+                                    [&](const auto& f) { return f.name == plain; });
+    if (!m_state->ok || field == m_state->fields.end())
+        return refuse(L"the property " + names::shown(m_state->descr) + L" has no field " + plain);
     transaction edit(m_db);
     if (!edit.isOpen() || !propertyFields::remove(*m_db, field->fieldId)
-        || !propertyRecords::touch(*m_db, m_id) || !edit.commit())
+        || !propertyRecords::touch(*m_db, m_state->id))
         return false;
-    m_fields.erase(field);
-    return true;
+    announceData();
+    m_state->isStale = true;
+    return edit.commit();
 }

@@ -7,6 +7,7 @@
 #include "wells/header_attributes.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
+#include "wells/property_state.h"
 
 namespace {
 
@@ -35,41 +36,42 @@ bool edited(odbc_database* db, std::int64_t propertyId, const std::wstring& key,
 } // namespace
 
 bool NORLEX_wellProperty::setAttribute(const std::wstring& key, const std::wstring& value) {
-    return edited(m_db, m_id, key, [&] {
-        return metadata::set(*m_db, metadata::ofProperty, m_id, key, value);
+    return edited(m_db, getID(), key, [&] {
+        return metadata::set(*m_db, metadata::ofProperty, m_state->id, key, value);
     });
 }
 
 bool NORLEX_wellProperty::createAttribute(const std::wstring& key, const std::wstring& value) {
-    return edited(m_db, m_id, key, [&] {
-        if (isKnown(*m_db, m_id, key))
-            return refuseTaken(m_descr, key);
-        return metadata::add(*m_db, metadata::ofProperty, m_id, {{key, value}});
+    return edited(m_db, getID(), key, [&] {
+        if (isKnown(*m_db, m_state->id, key))
+            return refuseTaken(m_state->descr, key);
+        return metadata::add(*m_db, metadata::ofProperty, m_state->id, {{key, value}});
     });
 }
 
 bool NORLEX_wellProperty::updateAttribute(const std::wstring& key, const std::wstring& value) {
-    return edited(m_db, m_id, key, [&] {
-        if (!isKnown(*m_db, m_id, key))
-            return refuseAbsent(m_descr, key);
-        return metadata::set(*m_db, metadata::ofProperty, m_id, key, value);
+    return edited(m_db, getID(), key, [&] {
+        if (!isKnown(*m_db, m_state->id, key))
+            return refuseAbsent(m_state->descr, key);
+        return metadata::set(*m_db, metadata::ofProperty, m_state->id, key, value);
     });
 }
 
 bool NORLEX_wellProperty::updateKey(const std::wstring& oldKey, const std::wstring& newKey) {
-    return edited(m_db, m_id, newKey, [&] {
-        if (!isKnown(*m_db, m_id, oldKey))
-            return refuseAbsent(m_descr, oldKey);
+    return edited(m_db, getID(), newKey, [&] {
+        if (!isKnown(*m_db, m_state->id, oldKey))
+            return refuseAbsent(m_state->descr, oldKey);
         if (oldKey == newKey)
             return true;
-        if (isKnown(*m_db, m_id, newKey))
-            return refuseTaken(m_descr, newKey);
-        return metadata::renameKey(*m_db, metadata::ofProperty, m_id, oldKey, newKey);
+        if (isKnown(*m_db, m_state->id, newKey))
+            return refuseTaken(m_state->descr, newKey);
+        return metadata::renameKey(*m_db, metadata::ofProperty, m_state->id, oldKey, newKey);
     });
 }
 
 std::wstring NORLEX_wellProperty::getAttribute(const std::wstring& key) {
-    return m_ok ? metadata::get(*m_db, metadata::ofProperty, m_id, key) : std::wstring();
+    return m_state->ok ? metadata::get(*m_db, metadata::ofProperty, m_state->id, key)
+                       : std::wstring();
 }
 
 std::vector<std::wstring> NORLEX_wellProperty::getAttributeList() {
@@ -80,7 +82,8 @@ std::vector<std::wstring> NORLEX_wellProperty::getAttributeList() {
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> NORLEX_wellProperty::getAttributeKeyValueList() {
-    return m_ok ? metadata::getAll(*m_db, metadata::ofProperty, m_id) : metadata::pairs();
+    return m_state->ok ? metadata::getAll(*m_db, metadata::ofProperty, m_state->id)
+                       : metadata::pairs();
 }
 
 std::vector<lasDescription> NORLEX_wellProperty::getAttributeWellList() {

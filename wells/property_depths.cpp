@@ -6,32 +6,29 @@
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
+#include "wells/geometry_rows.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
+#include "wells/property_state.h"
 #include "wells/property_summary.h"
+#include "wells/record_depths.h"
 
-#include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace sqlText;
 
 namespace {
 
-// A record of one or two measured depths.
-struct record {
-    std::int64_t key = 0;
-    double depth = 0.0;
-    double depthAbs = 0.0;
-    double bot = 0.0;
-    double botAbs = 0.0;
-};
-
 // Columns: key, measured and absolute depth, and for intervals those of the bottom.
-std::vector<record> readRecords(odbc_database& db, const std::wstring& statement) {
-    std::vector<record> out;
+std::vector<NORLEX_geometryRecord> readRecords(odbc_database& db, const std::wstring& statement) {
+    std::vector<NORLEX_geometryRecord> out;
     const auto rows = db.query(statement);
     while (rows && rows->next()) {
-        record r{rows->get_counter(0), rows->get_double(1), rows->get_double(2)};
+        NORLEX_geometryRecord r;
+        r.obj_id = rows->get_counter(0);
+        r.top = r.bot = rows->get_double(1);
+        r.topAbs = r.botAbs = rows->get_double(2);
         if (rows->column_count() > 3) {
             r.bot = rows->get_double(3);
             r.botAbs = rows->get_double(4);
@@ -44,6 +41,15 @@ std::vector<record> readRecords(odbc_database& db, const std::wstring& statement
 // An unknown measured depth tells nothing about the absolute one.
 double absolute(NORLEX_inclinometry& incl, double depth, double depthAbs) {
     return depth == NORLEX_unknownDepth ? depthAbs : incl.getAbs(depth);
+}
+
+bool isWithin(double depth) {
+    return std::isfinite(depth) && std::abs(depth) <= recordDepths::deepest;
+}
+
+// Depths are stored with two decimals.
+bool isStoredEqual(double a, double b) {
+    return std::abs(a - b) < 0.004;
 }
 
 std::wstring selectRecords(propertyRecords::geometry kind,
@@ -71,99 +77,82 @@ std::wstring selectRecords(propertyRecords::geometry kind,
     }
 }
 
-std::wstring updateRecord(propertyRecords::geometry kind, const record& r) {
-    switch (kind) {
-    case propertyRecords::geometry::points:
-        return sql(L"UPDATE point_data SET depth_abs = ",
-                   fixed(r.depthAbs, 2),
-                   L", depth = ",
-                   fixed(r.depth, 2),
-                   L" WHERE obj_id = ",
-                   key(r.key));
-    case propertyRecords::geometry::intervals:
-        return sql(L"UPDATE interval_data SET top_abs = ",
-                   fixed(std::max(r.depthAbs, r.botAbs), 2), // of a hole that rises the bottom's
-                   L", bot_abs = ",
-                   fixed(std::min(r.depthAbs, r.botAbs), 2),
-                   L", top = ",
-                   fixed(r.depth, 2),
-                   L", bot = ",
-                   fixed(r.bot, 2),
-                   L" WHERE obj_id = ",
-                   key(r.key));
-    default:
-        return sql(L"UPDATE correlation_data SET depth_abs = ",
-                   fixed(r.depthAbs, 2),
-                   L", depth_real = ",
-                   fixed(r.depth, 2),
-                   L" WHERE d_id = ",
-                   key(r.key));
-    }
-}
-
 } // namespace
 
 std::uint64_t NORLEX_wellProperty::getRecordCount() {
-    if (!m_ok)
+    refresh();
+    if (!m_state->ok)
         return 0;
-    if (m_samplesLoaded)
-        return m_samples.size();
+    if (m_state->records)
+        return m_state->records->records().size();
+    if (m_state->samplesLoaded)
+        return m_state->samples.size();
     propertyRecords::row self;
-    self.id = m_id;
-    self.description = m_descr;
-    self.type = m_type;
-    return propertySummary::of(*m_db, m_wellId, {self}).front().records;
+    self.id = m_state->id;
+    self.description = m_state->descr;
+    self.type = m_state->type;
+    return propertySummary::of(*m_db, m_state->wellId, {self}).front().records;
 }
 
-bool NORLEX_wellProperty::recalcSamples() {
-    if (!m_samplesLoaded && !files::isFile(samplePath()))
+bool NORLEX_wellProperty::recalcSamples(bool announce) {
+    if (!m_state->samplesLoaded && !files::isFile(samplePath()))
         return true; // made from a template and not filled yet
-    const bool edited = m_samplesLoaded;
+    const bool edited = m_state->samplesLoaded;
     if (!loadSamples())
         return false;
     bool changed = edited;
-    for (auto& sample : m_samples) {
+    for (auto& sample : m_state->samples) {
         const double depthAbs = m_incl->getAbs(sample.depth);
         changed = changed || depthAbs != sample.depthAbs;
         sample.depthAbs = depthAbs;
     }
     if (changed)
-        return storeSamples(false);
+        return storeSamples(announce);
     dropSamples();
     return true;
 }
 
-bool NORLEX_wellProperty::recalcRecords() {
-    const auto kind = propertyRecords::geometryOf(m_type);
-    std::vector<std::int64_t> fields;
-    for (const auto& field : m_fields)
-        fields.push_back(field.fieldId);
-    const auto records =
-        readRecords(*m_db, selectRecords(kind, keyList(fields), m_wellId, m_descr.name));
+bool NORLEX_wellProperty::recalcRecords(bool announce) {
+    const auto kind = propertyRecords::geometryOf(m_state->type);
     transaction edit(m_db);
     if (!edit.isOpen())
         return false;
-    for (record r : records) {
-        r.depthAbs = absolute(*m_incl, r.depth, r.depthAbs);
-        r.botAbs = absolute(*m_incl, r.bot, r.botAbs);
-        if (!std::isfinite(r.depthAbs) || !std::isfinite(r.botAbs))
-            return refuse(L"a depth of " + names::shown(m_descr)
-                          + L" would not be finite; the survey needs finite numbers");
-        if (!m_db->exec(updateRecord(kind, r)))
-            return false;
+    const auto records = readRecords(
+        *m_db, selectRecords(kind, keyList(fieldKeys()), m_state->wellId, m_state->descr.name));
+    bool isChanged = false;
+    for (const auto& old : records) {
+        auto r = old;
+        r.topAbs = absolute(*m_incl, old.top, old.topAbs);
+        r.botAbs = absolute(*m_incl, old.bot, old.botAbs);
+        if (r.topAbs < r.botAbs)
+            std::swap(r.topAbs, r.botAbs); // in a hole that rises the bottom is the higher end
+        if (!isWithin(r.topAbs) || !isWithin(r.botAbs))
+            return refuse(L"a depth of " + names::shown(m_state->descr)
+                          + L" would not be within 2000000; another survey is expected");
+        if (!isStoredEqual(r.topAbs, old.topAbs) || !isStoredEqual(r.botAbs, old.botAbs)) {
+            isChanged = true;
+            if (!geometryRows::update(*m_db, kind, r))
+                return false;
+        }
     }
-    return (records.empty() || propertyRecords::touch(*m_db, m_id)) && edit.commit();
+    m_state->records.reset();
+    if (!isChanged)
+        return edit.commit();
+    if (announce)
+        announceData();
+    return propertyRecords::touch(*m_db, m_state->id) && edit.commit();
 }
 
-bool NORLEX_wellProperty::recalcDepth() {
-    if (!m_ok || m_incl == nullptr)
+bool NORLEX_wellProperty::recalcDepth(bool announce) {
+    refresh();
+    if (!m_state->ok || m_incl == nullptr)
         return refuse(L"depths need an open property and a survey to be computed with");
-    switch (propertyRecords::geometryOf(m_type)) {
+    switch (propertyRecords::geometryOf(m_state->type)) {
     case propertyRecords::geometry::none:
         return true;
     case propertyRecords::geometry::samples:
-        return recalcSamples();
+        return recalcSamples(announce);
     default:
-        return recalcRecords();
+        return recalcRecords(announce);
     }
 }

@@ -4,8 +4,10 @@
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
+#include "wells/announce.h"
 #include "wells/property_records.h"
 #include "wells/query.h"
+#include "wells/well_records.h"
 
 using namespace sqlText;
 
@@ -13,6 +15,26 @@ bool NORLEX_wellProperty::isExist(odbc_database* db,
                                   std::uint32_t wellId,
                                   const NORLEX_propDescription& prop) {
     return getID(db, wellId, prop) != 0;
+}
+
+bool NORLEX_wellProperty::isExist(odbc_database* db,
+                                  const NORLEX_wellDescription& well,
+                                  const NORLEX_propDescription& prop) {
+    const std::uint32_t wellId = db != nullptr ? wellRecords::find(*db, well) : 0;
+    return wellId != 0 && isExist(db, wellId, prop);
+}
+
+std::wstring NORLEX_wellProperty::getDataTypeStringByName(odbc_database* db,
+                                                          std::uint32_t wellId,
+                                                          const NORLEX_propDescription& prop) {
+    return query::text(
+        db,
+        sql(L"SELECT base_template.type FROM property LEFT JOIN base_template ON base_template.bt_id = property.bt_id WHERE property.name = ",
+            quotedName(prop.name),
+            L" AND property.p_group = ",
+            quotedName(prop.group),
+            L" AND property.w_id = ",
+            key(wellId)));
 }
 
 bool NORLEX_wellProperty::isExistGroup(odbc_database* db,
@@ -80,13 +102,21 @@ void NORLEX_wellProperty::getListForGroup(odbc_database* db,
 bool NORLEX_wellProperty::setComment(odbc_database* db,
                                      std::int64_t propertyId,
                                      const std::wstring& text) {
-    if (!query::isOpen(db) || !propertyRecords::read(*db, propertyId))
+    const auto row = query::isOpen(db) ? propertyRecords::read(*db, propertyId) : std::nullopt;
+    const auto well = row ? wellRecords::read(*db, row->wellId) : std::nullopt;
+    if (!well)
         return false;
     transaction edit(db);
-    return edit.isOpen()
-           && db->exec(sql(L"UPDATE property SET description = ",
-                           quoted(text),
-                           L" WHERE pr_id = ",
-                           key(propertyId)))
-           && propertyRecords::touch(*db, propertyId) && edit.commit();
+    if (!edit.isOpen()
+        || !db->exec(sql(L"UPDATE property SET description = ",
+                         quoted(text),
+                         L" WHERE pr_id = ",
+                         key(propertyId)))
+        || !propertyRecords::touch(*db, propertyId))
+        return false;
+    announce::afterCommit(
+        *db, [well = *well, prop = row->description](auto& observer, const auto& container) {
+            observer.updateDataProperty(0, container, well, prop);
+        });
+    return edit.commit();
 }

@@ -11,6 +11,7 @@
 #include "wells/log_records.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
+#include "wells/property_state.h"
 #include "wells/query.h"
 #include "wells/sample_file.h"
 #include "wells/well_records.h"
@@ -85,38 +86,42 @@ bool NORLEX_wellProperty::createLAS(odbc_database* db,
 
 // By the present names: the well or the property may have been renamed since this object was made.
 std::wstring NORLEX_wellProperty::samplePath() const {
-    return samplePathOf(NORLEX_getWellPath(m_db, m_wellId), getDescr(m_db, m_id));
+    return samplePathOf(NORLEX_getWellPath(m_db, m_state->wellId), getDescr(m_db, m_state->id));
 }
 
 bool NORLEX_wellProperty::isLog() const {
-    return m_type == NORLEX_dataTypeLog
-           || refuse(L"the property " + names::shown(m_descr) + L" is no log");
+    refresh();
+    if (!m_state->ok)
+        return refuse(L"the property is not open");
+    return m_state->type == NORLEX_dataTypeLog
+           || refuse(L"the property " + names::shown(m_state->descr) + L" is no log");
 }
 
 bool NORLEX_wellProperty::loadSamples() {
-    if (!m_samplesLoaded)
-        m_samplesLoaded = sampleFile::read(samplePath(), m_samples);
-    return m_samplesLoaded;
+    if (!m_state->samplesLoaded)
+        m_state->samplesLoaded = sampleFile::read(samplePath(), m_state->samples);
+    return m_state->samplesLoaded;
 }
 
 bool NORLEX_wellProperty::getSamples(std::vector<NORLEX_logSample>& samples) {
     samples.clear();
     if (!isLog())
         return false;
-    if (!m_samplesLoaded) // straight into the caller's memory
+    if (!m_state->samplesLoaded) // straight into the caller's memory
         return sampleFile::read(samplePath(), samples);
-    samples = m_samples;
+    samples = m_state->samples;
     return true;
 }
 
 bool NORLEX_wellProperty::setSamples(std::vector<NORLEX_logSample> samples) {
-    if (!isLog() || !areStorable(m_descr, samples))
+    if (!isLog() || !areStorable(m_state->descr, samples))
         return false;
     for (auto& sample : samples)
         if (!std::isfinite(sample.value))
             sample.value = NORLEX_missingValue;
-    m_samples = std::move(samples);
-    m_samplesLoaded = true;
+    m_state->samples = std::move(samples);
+    m_state->samplesLoaded = true;
+    m_state->samplesEdited = true;
     return true;
 }
 
@@ -124,9 +129,10 @@ bool NORLEX_wellProperty::setSamples(std::vector<NORLEX_logSample> samples) {
 bool NORLEX_wellProperty::storeSamples(bool announce) {
     transaction edit(m_db);
     if (!edit.isOpen()
-        || !m_db->files().write(samplePath(),
-                                [&](std::FILE* file) { return sampleFile::write(file, m_samples); })
-        || !propertyRecords::touch(*m_db, m_id))
+        || !m_db->files().write(
+            samplePath(),
+            [&](std::FILE* file) { return sampleFile::write(file, m_state->samples); })
+        || !propertyRecords::touch(*m_db, m_state->id))
         return false;
     if (announce)
         announceData();
@@ -137,12 +143,9 @@ bool NORLEX_wellProperty::storeSamples(bool announce) {
 }
 
 void NORLEX_wellProperty::dropSamples() {
-    m_samples = {};
-    m_samplesLoaded = false;
-}
-
-bool NORLEX_wellProperty::commit(bool announce) {
-    return isLog() && loadSamples() && storeSamples(announce);
+    m_state->samples = {};
+    m_state->samplesLoaded = false;
+    m_state->samplesEdited = false;
 }
 
 bool NORLEX_wellProperty::getRange(double& smallest, double& largest) {
@@ -150,7 +153,7 @@ bool NORLEX_wellProperty::getRange(double& smallest, double& largest) {
     if (!isLog() || !sampleFile::readHeader(samplePath(), head))
         return false;
     if (!head.hasRange)
-        return refuse(L"the sample file of " + names::shown(m_descr) + L" holds no range");
+        return refuse(L"the sample file of " + names::shown(m_state->descr) + L" holds no range");
     smallest = head.smallest;
     largest = head.largest;
     return true;

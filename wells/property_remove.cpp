@@ -10,20 +10,17 @@
 #include "store/metadata.h"
 #include "store/well_path.h"
 #include "wells/announce.h"
+#include "wells/geometry_rows.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
+#include "wells/property_state.h"
 #include "wells/query.h"
 #include "wells/well_records.h"
-
-#include <algorithm>
-#include <span>
 
 using namespace sqlText;
 using propertyRecords::geometry;
 
 namespace {
-
-constexpr std::size_t keysPerStatement = 5000;
 
 // Geometry keys of one field. Where an earlier field of the same records has taken the geometry
 // already, the join yields a NULL.
@@ -43,17 +40,10 @@ std::vector<std::int64_t> geometryKeys(odbc_database& db, geometry kind, std::in
     return keys;
 }
 
-bool removeGeometry(odbc_database& db, geometry kind, std::int64_t fieldId) {
+bool removeFieldGeometry(odbc_database& db, geometry kind, std::int64_t fieldId) {
     if (kind != geometry::points && kind != geometry::intervals)
         return true;
-    const auto keys = geometryKeys(db, kind, fieldId);
-    const wchar_t* table = kind == geometry::points ? L"point_data" : L"interval_data";
-    for (std::size_t from = 0; from < keys.size(); from += keysPerStatement) {
-        const std::span part(keys.data() + from, std::min(keysPerStatement, keys.size() - from));
-        if (!db.exec(sql(L"DELETE FROM ", table, L" WHERE obj_id IN(", keyList(part), L")")))
-            return false;
-    }
-    return true;
+    return geometryRows::remove(db, kind, geometryKeys(db, kind, fieldId));
 }
 
 bool removeFields(odbc_database& db, std::int64_t propertyId, geometry kind) {
@@ -64,7 +54,7 @@ bool removeFields(odbc_database& db, std::int64_t propertyId, geometry kind) {
             fields.push_back(rows->get_counter(0));
     }
     for (const auto field : fields)
-        if (!removeGeometry(db, kind, field)
+        if (!removeFieldGeometry(db, kind, field)
             || !db.exec(sql(L"DELETE FROM val WHERE f_id = ", key(field)))
             || !db.exec(sql(L"DELETE FROM field WHERE f_id = ", key(field)))
             // files attached to the cells of the field
@@ -159,12 +149,12 @@ bool NORLEX_wellProperty::removeSilent(odbc_database* db,
 }
 
 bool NORLEX_wellProperty::remove() {
-    if (!m_ok)
+    if (!isOK())
         return refuse(L"the property is not open");
-    const auto well = wellRecords::read(*m_db, m_wellId).value_or(NORLEX_wellDescription{});
+    const auto well = wellRecords::read(*m_db, m_state->wellId).value_or(NORLEX_wellDescription{});
     transaction edit(m_db);
-    const auto prop = getDescr(m_db, m_id); // it may have been renamed since it was opened
-    if (!edit.isOpen() || !removeSilent(m_db, m_wellId, prop))
+    const auto prop = getDescr(m_db, m_state->id); // it may have been renamed since it was opened
+    if (!edit.isOpen() || !removeSilent(m_db, m_state->wellId, prop))
         return false;
     journal::add(*m_db,
                  eventKind::property,
@@ -175,6 +165,6 @@ bool NORLEX_wellProperty::remove() {
     });
     if (!edit.commit())
         return false;
-    m_ok = false;
+    m_state->ok = false;
     return true;
 }

@@ -2,13 +2,32 @@
 #include "NORLEX_well.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/sql_text.h"
 #include "platform/transaction.h"
+#include "wells/change_watch.h"
 #include "wells/property_records.h"
+#include "wells/query.h"
+
+using namespace sqlText;
 
 NORLEX_inclinometry* NORLEX_well::getIncl() {
     if (!m_incl && m_ok)
         m_incl = std::make_unique<NORLEX_inclinometry>(m_db, m_wellId);
+    else if (m_incl && m_watch->takeMissed()) // changed in another thread
+        m_incl->update();
     return m_incl.get();
+}
+
+void NORLEX_well::onGlobalUpdate(const eventMsgDescription& message) {
+    const bool isAboutWell =
+        message.kind == eventKind::well || message.kind == eventKind::container;
+    if (isAboutWell && message.action == eventAction::remove)
+        m_ok =
+            m_ok
+            && query::counter(m_db, sql(L"SELECT w_id FROM well_base WHERE w_id = ", key(m_wellId)))
+                   != 0;
+    else if (isAboutWell && message.action == eventAction::update && m_incl)
+        m_incl->update();
 }
 
 bool NORLEX_well::checkIncl() {
@@ -26,7 +45,7 @@ bool NORLEX_well::editTrajectory(const std::function<bool()>& change, bool silen
         transaction edit(m_db);
         if (edit.isOpen() && change()) {
             incl->update();
-            if (recalcProperties() && updateEditTime()) {
+            if (recalcProperties(!silent) && updateEditTime()) {
                 if (!silent)
                     announceUpdate();
                 stored = edit.commit();
@@ -38,9 +57,9 @@ bool NORLEX_well::editTrajectory(const std::function<bool()>& change, bool silen
     return stored;
 }
 
-bool NORLEX_well::recalcProperties() {
+bool NORLEX_well::recalcProperties(bool announce) {
     for (const auto& row : propertyRecords::ofWell(*m_db, m_wellId))
-        if (!NORLEX_wellProperty(m_db, row.id, getIncl()).recalcDepth())
+        if (!NORLEX_wellProperty(m_db, row.id, getIncl()).recalcDepth(announce))
             return false;
     return true;
 }

@@ -4,13 +4,11 @@
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "store/metadata.h"
-#include "store/well_path.h"
 #include "wells/header_attributes.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
 #include "wells/property_summary.h"
 #include "wells/query.h"
-#include "wells/sample_file.h"
 
 #include <unordered_map>
 
@@ -43,6 +41,18 @@ bool NORLEX_well::createPropertyFromTemplate(const std::wstring& templateName,
     return NORLEX_wellProperty::create(m_db, m_wellId, templateName, prop);
 }
 
+std::unique_ptr<NORLEX_wellProperty>
+NORLEX_well::createPropertyPtr(NORLEX_dataType type, const NORLEX_propDescription& prop) {
+    return createProperty(type, prop) ? openProperty(names::plain(prop)) : nullptr;
+}
+
+std::unique_ptr<NORLEX_wellProperty>
+NORLEX_well::createPropertyFromTemplatePtr(const std::wstring& templateName,
+                                           const NORLEX_propDescription& prop) {
+    return createPropertyFromTemplate(templateName, prop) ? openProperty(names::plain(prop))
+                                                          : nullptr;
+}
+
 std::unique_ptr<NORLEX_wellProperty> NORLEX_well::openProperty(const NORLEX_propDescription& prop) {
     const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
     if (!m_ok || id == 0) {
@@ -67,6 +77,13 @@ void NORLEX_well::getPropertyList(std::vector<NORLEX_propDescription>& propertie
                           : nullptr;
     while (rows && rows->next())
         properties.emplace_back(rows->get_text(1), rows->get_text(0));
+}
+
+void NORLEX_well::getPropertyListAny(std::vector<std::wstring>& names) const {
+    query::texts(
+        m_db,
+        sql(L"SELECT distinct(name) FROM property WHERE w_id = ", key(m_wellId), L" ORDER BY name"),
+        names);
 }
 
 void NORLEX_well::getPropertyInfoList(std::vector<NORLEX_propertyInfo>& properties) const {
@@ -120,16 +137,4 @@ void NORLEX_well::getPropertyGroupList(std::vector<std::wstring>& groups) const 
 void NORLEX_well::getPropertyForGroup(const std::wstring& group,
                                       std::vector<std::wstring>& names) const {
     NORLEX_wellProperty::getListForGroup(m_db, m_wellId, group, names);
-}
-
-bool NORLEX_well::getPropertyLasDepthRange(const NORLEX_propDescription& given,
-                                           NORLEX_depthRange& range) const {
-    const auto prop = names::plain(given);
-    const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
-    const auto row = id != 0 ? propertyRecords::read(*m_db, id) : std::nullopt;
-    if (!row || row->type != NORLEX_dataTypeLog)
-        return refuse(L"the well has no log " + names::shown(prop));
-    sampleFile::header head;
-    return sampleFile::readRange(
-        samplePathOf(NORLEX_getWellPath(m_db, m_wellId), prop), head, range);
 }

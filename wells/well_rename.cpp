@@ -145,3 +145,13 @@ bool NORLEX_well::renameProperty(const NORLEX_propDescription& oldProp,
     });
     return edit.commit();
 }
+
+// The samples lie in a folder of the group: moving them is what a rename does.
+bool NORLEX_well::renamePropertyGroupLAS(const NORLEX_propDescription& prop,
+                                         const std::wstring& newGroup) {
+    const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
+    const auto row = id != 0 ? propertyRecords::read(*m_db, id) : std::nullopt;
+    if (!row || row->type != NORLEX_dataTypeLog)
+        return refuse(L"the well has no log " + names::shown(prop));
+    return renameProperty(prop, {prop.name, newGroup});
+}

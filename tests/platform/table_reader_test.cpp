@@ -1,5 +1,5 @@
 #include "platform/strconv.h"
-#include "platform/table_reader.h"
+#include "tableReader.h"
 #include "tests/support/temp_folder.h"
 
 #include "NORLEX_lastError.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "NORLEX_well.h"
+#include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/well_path.h"
 #include "tests/support/container_fixture.h"

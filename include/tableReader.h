@@ -1,6 +1,7 @@
 // Reads the rows of a delimited text table.
 #pragma once
 
+#include "NORLEX_export.h"
 #include "ts_strconv.h"
 
 #include <cstdint>
@@ -19,7 +20,7 @@ struct tableOptions {
 // a quote ends with one, and may hold separators, line ends (read as LF) and, written twice,
 // quotes; in a row where no cell begins with a quote, quotes are ordinary characters (5" casing).
 // Empty lines are no rows. Rows need not be of one length.
-class tableReader {
+class NORLEX_API tableReader {
 public:
     tableReader();
     ~tableReader();
@@ -42,6 +43,7 @@ public:
 
     [[nodiscard]] std::uint64_t rowNumber() const;  // of the row last read, from 1
     [[nodiscard]] std::uint64_t lineNumber() const; // of its first line in the file, from 1
+    [[nodiscard]] std::uint64_t bytesLeft() const;  // of the file, behind what was read so far
 
 private:
     struct state;
