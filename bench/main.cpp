@@ -41,6 +41,7 @@ constexpr std::array groups{
     group{"survey", "depth conversions on 10,000 stations", bench::survey},
     group{"many-files", "many small LAS files into one container", bench::manyFiles},
     group{"containers", "making, opening, bulk loading and copying containers", bench::containers},
+    group{"records", "records loaded from a table, read, removed; filters", bench::recordMeasures},
 };
 
 struct request {

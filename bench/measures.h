@@ -26,6 +26,7 @@ using measure = bool (*)(const settings&, std::vector<figure>&);
 [[nodiscard]] bool survey(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool manyFiles(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool containers(const settings& with, std::vector<figure>& figures);
+[[nodiscard]] bool recordMeasures(const settings& with, std::vector<figure>& figures);
 
 // Prints why a measure could not be taken, with the library's own line; answers false.
 [[nodiscard]] bool failed(const std::string& what);
