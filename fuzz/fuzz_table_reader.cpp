@@ -1,8 +1,8 @@
 // Any file as a table, and as lines: the first byte chooses the options.
 #include "platform/files.h"
 #include "platform/strconv.h"
-#include "tableReader.h"
 #include "platform/textio.h"
+#include "tableReader.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -150,8 +150,12 @@ bool NORLEX_wellProperty::removeField(const std::wstring& name) {
                                     [&](const auto& f) { return f.name == plain; });
     if (!m_state->ok || field == m_state->fields.end())
         return refuse(L"the property " + names::shown(m_state->descr) + L" has no field " + plain);
+    const std::int64_t fieldId = field->fieldId;
+    if (m_state->fields.size() == 1 && !getRecords().empty())
+        return refuse(L"the field " + plain + L" is the only one of " + names::shown(m_state->descr)
+                      + L", and its records are found by their values; another field is expected");
     transaction edit(m_db);
-    if (!edit.isOpen() || !propertyFields::remove(*m_db, field->fieldId)
+    if (!edit.isOpen() || !propertyFields::remove(*m_db, fieldId)
         || !propertyRecords::touch(*m_db, m_state->id))
         return false;
     announceData();

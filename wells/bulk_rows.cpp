@@ -12,7 +12,9 @@ NORLEX_geometryRecord toRecord(const NORLEX_bulkRow& row,
                                NORLEX_inclinometry* incl,
                                std::wstring& reason) {
     NORLEX_geometryRecord r{row.top, row.bot, row.topAbs, row.botAbs};
-    if (row.values.size() != fieldCount)
+    if (fieldCount == 0) // a record is found by its values
+        reason = L"the property has no field; one is expected before records are written";
+    else if (row.values.size() != fieldCount)
         reason = std::to_wstring(row.values.size()) + L" values are given; "
                  + std::to_wstring(fieldCount) + L", one for each field, are expected";
     else

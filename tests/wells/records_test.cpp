@@ -89,6 +89,10 @@ TEST_F(RecordTest, depthsAreCompletedOrderedAndRounded) {
                      .createPointCommit(1, unknown, {L"a", L"b"}))
         << "no survey";
     EXPECT_EQ(cell(L"SELECT count(*) FROM point_data"), L"1");
+    ASSERT_TRUE(markers->removeField(L"Описание"));
+    EXPECT_FALSE(markers->removeField(L"Название")) << "the record would be lost";
+    const auto images = w->createPropertyPtr(NORLEX_dataTypeRastr, {L"R", L""});
+    EXPECT_FALSE(images->createPlastCommit(1, 2, unknown, unknown, {})) << "no field to find it by";
 }
 
 TEST_F(RecordTest, textsAreStoredExactlyButForApostrophes) {

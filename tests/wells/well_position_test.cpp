@@ -127,8 +127,7 @@ TEST_F(WellTest, markersIntervalsAndPicksFollowTheSurvey) {
     EXPECT_EQ(w.openProperty({L"cor", L""})->getRecordCount(), 1U);
 
     ASSERT_TRUE(w.setAltitude(100)) << lastError();
-    EXPECT_EQ(row(L"SELECT depth, depth_abs, type FROM point_data ORDER BY obj_id"),
-              L"40 60 3");
+    EXPECT_EQ(row(L"SELECT depth, depth_abs, type FROM point_data ORDER BY obj_id"), L"40 60 3");
     EXPECT_EQ(cell(L"SELECT depth_abs FROM point_data WHERE obj_id = 2"), L"-7") << "unknown";
     EXPECT_EQ(row(L"SELECT top, bot, top_abs, bot_abs FROM interval_data"), L"10 20.5 90 79.5");
     EXPECT_EQ(cell(L"SELECT depth_abs FROM correlation_data WHERE w_id = 1"), L"95");
