@@ -16,7 +16,7 @@
 class sql_cursor {
 public:
     virtual ~sql_cursor() = default;
-    virtual bool next() = 0; // false after the last row, and when the engine fails
+    virtual bool next() = 0;           // false after the last row, and when the engine fails
     virtual bool isBroken() const = 0; // it did fail
     virtual int columnCount() const = 0;
     virtual std::string columnName(int column) const = 0;

@@ -99,6 +99,10 @@ inline constexpr std::array entries{
     entry{524, L"Дата окончания испытаний", L"Testing ended on"},
     entry{525, L"Дата загрузки испытаний", L"Tests loaded on"},
 
+    entry{1901, L"Глубина", L"Depth"},
+    entry{1902, L"Кровля", L"Top"},
+    entry{1903, L"Подошва", L"Bottom"},
+
     entry{2033, L"Name", L"Name"},
     entry{2034, L"Descr", L"Descr"},
     entry{2035, L"Value", L"Value"},

@@ -7,9 +7,9 @@ using namespace sqlText;
 
 namespace fieldRows {
 
-std::vector<NORLEX_fieldDescr> read(odbc_database& db, const std::wstring& query) {
+std::vector<NORLEX_fieldDescr> read(odbc_database* db, const std::wstring& query) {
     std::vector<NORLEX_fieldDescr> fields;
-    const auto rows = db.query(query);
+    const auto rows = db != nullptr ? db->query(query) : nullptr;
     while (rows && rows->next()) {
         NORLEX_fieldDescr field;
         field.name = rows->get_text(0);

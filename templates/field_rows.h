@@ -12,7 +12,7 @@ class odbc_database;
 namespace fieldRows {
 
 // From a query of name, type, precision and short name. The width is not stored and reads as 10.
-[[nodiscard]] std::vector<NORLEX_fieldDescr> read(odbc_database& db, const std::wstring& query);
+[[nodiscard]] std::vector<NORLEX_fieldDescr> read(odbc_database* db, const std::wstring& query);
 
 // A precision is kept for numeric fields only.
 [[nodiscard]] bool

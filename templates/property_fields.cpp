@@ -3,6 +3,7 @@
 #include "odbc_database.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
+#include "templates/template_queries.h"
 
 #include <algorithm>
 
@@ -26,8 +27,7 @@ bool addEmptyValues(odbc_database& db, const std::wstring& name, std::int64_t la
 
 // The largest key of all: max() may answer this connection's own.
 std::int64_t lastKey(odbc_database& db) {
-    const auto rows = db.query(L"SELECT f_id FROM field ORDER BY f_id DESC LIMIT 1");
-    return rows && rows->next() ? rows->get_counter(0) : 0;
+    return templateQueries::counter(&db, L"SELECT f_id FROM field ORDER BY f_id DESC LIMIT 1");
 }
 
 } // namespace
@@ -80,7 +80,7 @@ bool addWithValues(odbc_database& db,
     transaction change(&db);
     if (!change.isOpen())
         return false;
-    const std::int64_t last = lastKey(db);
+    const auto last = lastKey(db);
     return add(db, propertyId, name, type) && addEmptyValues(db, name, last) && change.commit();
 }
 
@@ -91,7 +91,7 @@ bool addToTemplate(odbc_database& db,
     transaction change(&db);
     if (!change.isOpen())
         return false;
-    const std::int64_t last = lastKey(db);
+    const auto last = lastKey(db);
     return db.exec(sql(L"INSERT INTO field (name, pr_id, type, is_base) SELECT ",
                        quotedName(name),
                        L", pr_id, ",

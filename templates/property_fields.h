@@ -42,4 +42,22 @@ addAll(odbc_database& db, std::int64_t propertyId, const std::vector<NORLEX_fiel
                                  const std::wstring& name,
                                  NORLEX_fieldType type);
 
+// Fields of a name in every property of a template.
+//
+// Properties with records for which it is the only field.
+[[nodiscard]] std::int64_t
+dependentOn(odbc_database& db, std::int64_t templateId, const std::wstring& name);
+// With their values and the files attached to those.
+[[nodiscard]] bool
+removeFromTemplate(odbc_database& db, std::int64_t templateId, const std::wstring& name);
+// Refused where a property has a field of the new name of its own. Bindings to dictionaries follow.
+[[nodiscard]] bool renameInTemplate(odbc_database& db,
+                                    std::int64_t templateId,
+                                    const std::wstring& oldName,
+                                    const std::wstring& newName);
+[[nodiscard]] bool setTypeInTemplate(odbc_database& db,
+                                     std::int64_t templateId,
+                                     const std::wstring& name,
+                                     NORLEX_fieldType type);
+
 } // namespace propertyFields

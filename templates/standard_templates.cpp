@@ -4,13 +4,16 @@
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
-#include "store/audit.h"
+#include "templates/template_queries.h"
+#include "templates/template_rows.h"
 
 #include <algorithm>
 
 using namespace sqlText;
 
 bool NORLEX_propTemplate::create(odbc_database* db) {
+    if (!templateQueries::isOpen(db))
+        return false;
     if (!db->exec(L"DELETE FROM base_template") || !db->exec(L"DELETE FROM field_template"))
         return false;
     for (int type = NORLEX_dataTypeMarker; type <= NORLEX_dataTypeWorkConstruction; ++type)
@@ -20,23 +23,15 @@ bool NORLEX_propTemplate::create(odbc_database* db) {
 }
 
 bool NORLEX_propTemplate::createType(odbc_database* db, NORLEX_dataType type) {
+    if (!templateQueries::isOpen(db))
+        return false;
     const std::wstring name = getDataNameByEnum(type);
     if (name.empty())
         return refuse(sql(L"there is no standard template of data type ", key(type), L": 1 to 11"));
     if (isExist(db, name))
         return refuse(sql(L"a template \"", name, L"\" exists already"));
     transaction change(db);
-    if (!change.isOpen()
-        || !db->exec(sql(
-            L"INSERT INTO base_template(name, description, type, UUID, create_date, update_date, create_user, update_user) VALUES (",
-            quoted(name),
-            L",",
-            quoted(name),
-            L",",
-            quoted(getDataTypeEnum(type)),
-            L",",
-            audit::created(*db),
-            L")")))
+    if (!change.isOpen() || !templateRows::insert(*db, name, type))
         return false;
     NORLEX_propTemplate made(db, name);
     std::vector<NORLEX_fieldDescr> fields;

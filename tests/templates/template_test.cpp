@@ -1,34 +1,9 @@
 #include "NORLEX_host.h"
-#include "NORLEX_propTemplate.h"
-#include "globalEventObserver.h"
 #include "store/journal.h"
 #include "templates/property_fields.h"
-#include "tests/support/container_fixture.h"
+#include "tests/templates/template_fixture.h"
 
 namespace {
-
-using list = std::vector<std::wstring>;
-
-// name/short name/type/table type/width/precision, a line a field
-std::wstring spelled(const std::vector<NORLEX_fieldDescr>& fields) {
-    std::wstring out;
-    for (const auto& f : fields) {
-        out +=
-            f.name + L"/" + f.short_name + L"/" + fieldType_getBaseEnum(f.type).substr(16) + L"/";
-        out += std::to_wstring(f.ds_type) + L"/" + std::to_wstring(f.width) + L"/"
-               + std::to_wstring(f.prec) + L"\n";
-    }
-    return out;
-}
-
-NORLEX_fieldDescr numeric(const wchar_t* name, const wchar_t* shortName, int precision) {
-    NORLEX_fieldDescr field;
-    field.name = name;
-    field.short_name = shortName;
-    field.type = NORLEX_fieldTypeNumeric;
-    field.prec = precision;
-    return field;
-}
 
 constexpr const wchar_t* constructionFields = L"Диаметр/Diametr/Numeric/2/10/2\n"
                                               L"Закреплено трубами от/From_pipe/Numeric/2/10/2\n"
@@ -72,28 +47,6 @@ TEST(PropTemplate, baseFieldsOfEachType) {
         EXPECT_EQ(spelled(fields), c.fields) << c.type;
     }
 }
-
-class TemplateTest : public ContainerTest {
-protected:
-    void SetUp() override {
-        ContainerTest::SetUp();
-        if (IsSkipped())
-            return;
-        subscriber = std::make_shared<globalEventObserver::callback>([this](const auto& message) {
-            heard.push_back(std::to_wstring(message.kind) + L" " + message.params[0]
-                            + message.params[1] + message.property.name + message.property.group);
-        });
-        globalEventObserver::Instance().subscribe(subscriber);
-    }
-    // Runs statements one after the other.
-    void change(std::initializer_list<const wchar_t*> statements) {
-        for (const wchar_t* statement : statements)
-            ASSERT_TRUE(db()->exec(statement)) << lastError();
-    }
-
-    list heard;
-    std::shared_ptr<globalEventObserver::callback> subscriber;
-};
 
 TEST_F(TemplateTest, standardTemplatesAreFoundByNameKeyAndType) {
     const NORLEX_propTemplate log(db(), L"Каротаж");
@@ -227,21 +180,8 @@ TEST_F(TemplateTest, fieldsThatAreRefused) {
     EXPECT_TRUE(marker.addField(L"Интервал", NORLEX_fieldTypeString));
 }
 
-// Two wells with the property "tops" of template 1: well 1 has the points 10 and 11 (11 without a
-// description), well 2 has none. Interval property 3 of template 2 shares the key 10, in a key
-// space of its own; property 4 has a field of the name by itself.
 TEST_F(TemplateTest, addedFieldReachesExistingProperties) {
-    change(
-        {L"INSERT INTO property (pr_id, w_id, bt_id, name, p_group, update_user) VALUES "
-         L"(1, 1, 1, 'tops', 'g', 'x'), (2, 2, 1, 'tops', 'g', 'x'), (3, 1, 2, 'beds', 'g', 'x'), "
-         L"(4, 3, 1, 'own', '', 'x')",
-         L"INSERT INTO field (f_id, pr_id, name, type, is_base) VALUES "
-         L"(1, 1, 'Название', 's', 0), (2, 1, 'Описание', 's', 0), (3, 2, 'Название', 's', 0), "
-         L"(4, 3, 'Название', 's', 0), (5, 4, 'age', 's', 0)",
-         L"INSERT INTO val (f_id, value, obj_id) VALUES (1, 'a', 10), (2, 'b', 10), (1, 'c', 11), "
-         L"(4, 'd', 10), (5, 'e', 12)",
-         L"UPDATE base_template SET update_user = 'x'"});
-    ASSERT_TRUE(db()->keys_were_given(L"field", L"f_id"));
+    fillWells();
     NORLEX_propTemplate marker(db(), L"Маркер");
     ASSERT_TRUE(marker.addField(numeric(L"age", L"", 1), true)) << lastError();
     EXPECT_EQ(
