@@ -5,6 +5,7 @@
 #include "exchange/las_import_logs.h"
 #include "exchange/las_import_samples.h"
 #include "exchange/las_import_well.h"
+#include "exchange/well_index.h"
 #include "odbc_database.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
@@ -14,6 +15,7 @@
 #include "wells/log_records.h"
 #include "wells/names.h"
 #include "wells/query.h"
+#include "wells/well_records.h"
 
 #include <future>
 #include <memory>
@@ -31,8 +33,10 @@ public:
                const NORLEX_lasImportOptions& options,
                const std::wstring& path,
                NORLEX_lasImportResult& result,
-               NORLEX_lasfileExt file)
-        : m_db(db), m_options(options), m_path(path), m_result(result), m_file(std::move(file)) {}
+               NORLEX_lasfileExt file,
+               wellIndex* letters)
+        : m_db(db), m_options(options), m_path(path), m_result(result), m_file(std::move(file)),
+          m_letters(letters) {}
 
     [[nodiscard]] bool run() {
         if (!m_file.isOK() || !readFile())
@@ -47,6 +51,7 @@ private:
     [[nodiscard]] bool readFile();
     [[nodiscard]] bool check();
     [[nodiscard]] bool write();
+    [[nodiscard]] bool matchWell();
     [[nodiscard]] bool openWell();
     [[nodiscard]] bool sortExisting(const logRecords::maker& logs);
     [[nodiscard]] bool removeExisting();
@@ -58,6 +63,7 @@ private:
     const std::wstring& m_path;
     NORLEX_lasImportResult& m_result;
     NORLEX_lasfileExt m_file;
+    wellIndex* m_letters; // null: wells are found by their names alone
     exactNotes::notes m_notes;
     lasImportSamples::depth_column m_depths;
     std::vector<lasImportLogs::target> m_targets; // one a curve
@@ -83,6 +89,9 @@ bool las_import::readFile() {
     m_file.getCurveNames(mnemonics);
     m_notes = exactNotes::read(m_file.getOtherInf(), mnemonics);
     m_result.well = lasImportWell::describe(m_file, m_path, m_options, m_notes);
+    if (m_result.well.name.empty())
+        return refuse(L"cannot import " + m_path
+                      + L": nothing in it names the well, of what the options say to look for");
     m_targets = lasImportLogs::targets(m_file, m_options.group, m_notes);
     m_depths = lasImportSamples::sorted(m_file.getCurveByIndex(0)->getPoints(),
                                         lasImportLogs::metresInDepth(m_file));
@@ -105,6 +114,8 @@ void las_import::addSkipped() {
 
 // What write() would refuse before it writes anything.
 bool las_import::check() {
+    if (!matchWell())
+        return false;
     m_result.well.wellId = NORLEX_well::getID(&m_db, m_result.well);
     m_result.wellCreated = m_result.well.wellId == 0;
     if (!names::areStorable(m_result.well))
@@ -144,9 +155,29 @@ bool las_import::write() {
     return true;
 }
 
+// Puts the names of the well that is meant in the place of those that the file gives, where they
+// differ in more than letters and digits.
+bool las_import::matchWell() {
+    if (m_letters == nullptr || NORLEX_well::isExist(&m_db, m_result.well))
+        return true;
+    const std::wstring letters = lettersOf(m_result.well.name);
+    std::wstring reason;
+    const std::uint32_t wellId = m_letters->find(letters, reason);
+    if (wellId == 0 && m_letters->has(letters))
+        return refuse(L"cannot import " + m_path + L": " + reason
+                      + L" by their letters and digits, the file's well is "
+                      + names::shown(m_result.well));
+    // Another program may have renamed or removed it since.
+    if (const auto well = wellRecords::read(m_db, wellId))
+        m_result.well = *well;
+    return true;
+}
+
 // Finds or makes the well, and computes the absolute depths with its survey. Creation looks for the
 // well itself, so it is tried first: a look-up reads the whole table.
 bool las_import::openWell() {
+    if (!matchWell())
+        return false;
     m_result.wellCreated = NORLEX_well::create(&m_db, m_result.well);
     m_result.well.wellId =
         m_result.wellCreated
@@ -272,6 +303,17 @@ NORLEX_lasfileExt NORLEX_lasImport::read(const std::wstring& path) {
     return std::move(content.file);
 }
 
+// Once for all files: a container may hold as many wells as there are files.
+bool NORLEX_lasImport::readLetters() {
+    if (m_options.match != NORLEX_wellMatch::letters || m_letters)
+        return true;
+    auto wells = std::make_unique<wellIndex>();
+    if (!wells->readLetters(*m_db, m_options.workObject, m_options.field))
+        return false;
+    m_letters = std::move(wells);
+    return true;
+}
+
 NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path) {
     return importFile(path, {});
 }
@@ -286,7 +328,11 @@ NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path,
         auto file = read(path);
         if (!next.empty())
             readAhead(next);
-        result.ok = las_import(*m_db, m_options, path, result, std::move(file)).run();
+        result.ok =
+            readLetters()
+            && las_import(*m_db, m_options, path, result, std::move(file), m_letters.get()).run();
+        if (result.ok && result.wellCreated && !m_options.dryRun && m_letters)
+            m_letters->add(lettersOf(result.well.name), result.well);
         shrinkMemory();
     }
     if (result.ok)

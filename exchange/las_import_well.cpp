@@ -63,14 +63,31 @@ std::wstring nameOf(std::wstring text) {
     return std::wstring(numbers::trimmed(sqlText::plainName(text)));
 }
 
-std::wstring nameOfEntry(const NORLEX_lasfileExt& file, std::wstring_view mnemonic) {
-    const lasDescription* const entry = find(file.getWellInf(), mnemonic);
+std::wstring nameOf(const NORLEX_lasfileExt& file, const lasDescription* entry) {
     return entry == nullptr ? std::wstring() : nameOf(nameIn(file, *entry));
+}
+
+std::wstring nameOfEntry(const NORLEX_lasfileExt& file, std::wstring_view mnemonic) {
+    return nameOf(file, find(file.getWellInf(), mnemonic));
 }
 
 std::wstring stemOf(const std::wstring& path) {
     const std::wstring name = files::nameOf(path);
     return name.substr(0, name.size() - files::extensionOf(path).size());
+}
+
+// From the sources that the options name.
+std::wstring chosenName(const NORLEX_lasfileExt& file,
+                        const std::wstring& path,
+                        const std::vector<std::wstring>& sources) {
+    std::wstring name;
+    for (const auto& source : sources) {
+        const std::wstring mnemonic = ts::strconv::upper(source);
+        name = mnemonic == L"FILE" ? nameOf(stemOf(path)) : nameOf(file, find(file, mnemonic));
+        if (!name.empty())
+            break;
+    }
+    return name;
 }
 
 std::optional<double> numberOf(const NORLEX_lasfileExt& file, const lasDescription* entry) {
@@ -104,6 +121,10 @@ NORLEX_wellDescription describe(const NORLEX_lasfileExt& file,
     well.field = sqlText::plainName(!options.field.empty() ? options.field : notes.fieldName);
     if (well.field.empty())
         well.field = nameOfEntry(file, L"FLD");
+    if (!options.wellFrom.empty()) {
+        well.name = chosenName(file, path, options.wellFrom);
+        return well;
+    }
     well.name = sqlText::plainName(notes.wellName);
     for (const auto mnemonic : {L"WELL", L"UWI", L"API"})
         if (well.name.empty())

@@ -10,10 +10,11 @@
 
 namespace lasImportWell {
 
-// Work object and field of the options; the field, else, of the entry FLD. The name is that of the
-// entry WELL, else of UWI or API, else the stem of the file's name: the first that is left with a
-// character once what a name cannot hold (apostrophes, control characters, blanks at its ends) is
-// taken off. Names that the file's own notes give come first.
+// Work object and field of the options; the field, else, of the entry FLD. The name is of the first
+// source of the options, or else of the entry WELL, UWI or API or the stem of the file's name, that
+// is left with a character once what a name cannot hold (apostrophes, control characters, blanks at
+// its ends) is taken off; empty when no source of the options is. Names that the file's own notes
+// give come first, a name from sources of the options aside.
 [[nodiscard]] NORLEX_wellDescription describe(const NORLEX_lasfileExt& file,
                                               const std::wstring& path,
                                               const NORLEX_lasImportOptions& options,

@@ -172,7 +172,7 @@ bool NORLEX_well::exportLASExact(const std::wstring& path,
     if (!readColumns(*m_db, properties, log_order::increasing, logs))
         return false;
     const exact_rows rows(logs);
-    const auto range = rangeOf(rows);
+    const auto range = ::rangeOf(rows);
     if (!range)
         return refuse(L"the logs have no samples to write; at least one is needed");
     const auto null = freeNullValue(logs, sourceNull(properties));

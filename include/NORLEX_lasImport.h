@@ -12,13 +12,26 @@
 #include <vector>
 
 class odbc_database;
+class wellIndex;
 
 // What to do when the well has a log of the same name and group already.
 enum class NORLEX_onExisting : int { fail, skip, replace };
 
+// Which existing well a file belongs to.
+enum class NORLEX_wellMatch : int {
+    exact,   // the one of its work object, field and name
+    letters, // else the only one whose name has the same letters and digits, in any case of
+             // letters, of those of the options' work object and field where these are not empty
+};
+
 struct NORLEX_lasImportOptions {
-    std::wstring workObject;     // of the well, where the file is to be filed
-    std::wstring field;          // empty: the file's own FLD entry
+    std::wstring workObject; // of the well, where the file is to be filed
+    std::wstring field;      // empty: the file's own FLD entry
+    // Header entries, in any case of letters, and "file" for the file's name without its
+    // extension: the first that is not empty names the well. None given: entries WELL, UWI, API,
+    // then the file.
+    std::vector<std::wstring> wellFrom;
+    NORLEX_wellMatch match = NORLEX_wellMatch::exact;
     std::wstring group = L"LAS"; // group of the logs
     ts::strconv::encodings encoding = ts::strconv::detect;
     NORLEX_onExisting onExisting = NORLEX_onExisting::fail;
@@ -39,8 +52,9 @@ struct NORLEX_lasImportResult {
 };
 
 // Each file is one transaction of the container: its rows and sample files are there wholly or
-// not at all. The well is found by work object, field and name, or created; a new well takes its
-// position and altitude from the header where it has them. Depths in feet are stored in metres.
+// not at all. The well is found by work object, field and name, or as the options say, or created;
+// a new well takes its position and altitude from the header where it has them. Several wells that
+// are alike by their letters are refused. Depths in feet are stored in metres.
 // Samples are stored in increasing measured depth with the file's null value as "missing".
 class NORLEX_API NORLEX_lasImport {
 public:
@@ -60,10 +74,12 @@ private:
 
     void readAhead(const std::wstring& path);
     [[nodiscard]] NORLEX_lasfileExt read(const std::wstring& path);
+    [[nodiscard]] bool readLetters();
     void shrinkMemory();
 
     odbc_database* m_db;
     NORLEX_lasImportOptions m_options;
     std::unique_ptr<ahead> m_ahead;
-    unsigned m_files = 0; // imported so far
+    std::unique_ptr<wellIndex> m_letters; // wells by the letters of their names, read once
+    unsigned m_files = 0;                 // imported so far
 };

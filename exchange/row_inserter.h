@@ -1,0 +1,40 @@
+// Many rows of a table in statements of hundreds.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+class odbc_database;
+
+class rowInserter {
+public:
+    // `statement` ends in "VALUES ".
+    rowInserter(odbc_database& db, std::wstring_view statement)
+        : m_db(db), m_statement(statement) {}
+
+    // A row in its brackets.
+    [[nodiscard]] bool add(std::wstring_view row);
+    [[nodiscard]] bool finish();
+
+private:
+    odbc_database& m_db;
+    std::wstring m_statement;
+    std::wstring m_rows;
+    std::size_t m_count = 0;
+};
+
+namespace manyKeys {
+
+// `statement`, which ends in a column's name, for the rows with these keys in it.
+[[nodiscard]] bool
+update(odbc_database& db, const std::wstring& statement, std::span<const std::int64_t> keys);
+
+// One above the largest key, which `query` selects. To be asked inside a transaction that then
+// gives the keys itself.
+[[nodiscard]] std::optional<std::int64_t> next(odbc_database& db, std::wstring_view query);
+
+} // namespace manyKeys
