@@ -1,11 +1,11 @@
-#include "cli/commands.h"
-#include "cli/input_files.h"
+#include "cli/commands_survey.h"
 #include "cli/json_out.h"
-#include "cli/names.h"
 #include "cli/number_text.h"
 #include "cli/open_container.h"
 #include "cli/output.h"
 #include "cli/table.h"
+
+#include "NORLEX_surveyReport.h"
 
 namespace {
 
@@ -62,6 +62,79 @@ void printSurvey(const NORLEX_inclinometry& incl, bool valid) {
     });
 }
 
+json documentOf(const NORLEX_surveyReport& report) {
+    json rows = json::array();
+    for (const auto& r : report.getRows())
+        rows.push_back({{"depth", jsonOut::number(r.depth)},
+                        {"angle", jsonOut::number(r.angle)},
+                        {"azimuth", jsonOut::number(r.azimuth)},
+                        {"vertical", jsonOut::number(r.vertical)},
+                        {"abs", jsonOut::number(r.absDepth)},
+                        {"north", jsonOut::number(r.north)},
+                        {"east", jsonOut::number(r.east)},
+                        {"dogleg_30m", jsonOut::number(r.dogLeg30m)},
+                        {"dogleg_100ft", jsonOut::number(r.dogLeg100ft)},
+                        {"abs_difference", jsonOut::number(r.absDepthDifference)},
+                        {"north_difference", jsonOut::number(r.northDifference)},
+                        {"east_difference", jsonOut::number(r.eastDifference)}});
+    return rows;
+}
+
+void printReport(const NORLEX_surveyReport& report, resultForm form) {
+    if (form == resultForm::json) {
+        jsonOut::print(documentOf(report));
+        return;
+    }
+    using enum table::align;
+    table rows({{"DEPTH", right},
+                {"ANGLE", right},
+                {"AZIMUTH", right},
+                {"VERTICAL", right},
+                {"ABS", right},
+                {"NORTH", right},
+                {"EAST", right},
+                {"DLS/30M", right},
+                {"DLS/100FT", right},
+                {"D_ABS", right},
+                {"D_NORTH", right},
+                {"D_EAST", right}});
+    for (const auto& r : report.getRows()) {
+        std::vector<std::string> cells;
+        for (const double value : {r.depth,
+                                   r.angle,
+                                   r.azimuth,
+                                   r.vertical,
+                                   r.absDepth,
+                                   r.north,
+                                   r.east,
+                                   r.dogLeg30m,
+                                   r.dogLeg100ft,
+                                   r.absDepthDifference,
+                                   r.northDifference,
+                                   r.eastDifference})
+            cells.push_back(numberText::fixed(value, 2));
+        rows.add(std::move(cells));
+    }
+    rows.print();
+}
+
+void printCrossings(const NORLEX_surveyReport& report, const surveyRequest& request) {
+    json document = json::array();
+    table rows({{"ABS", table::align::right}, {"MD", table::align::right}});
+    for (const double absDepth : request.crossings) {
+        json depths = json::array();
+        for (const double depth : report.getCrossings(absDepth)) {
+            depths.push_back(jsonOut::number(depth));
+            rows.add({numberText::fixed(absDepth, 2), numberText::fixed(depth, 2)});
+        }
+        document.push_back({{"abs", jsonOut::number(absDepth)}, {"md", std::move(depths)}});
+    }
+    if (request.form == resultForm::json)
+        jsonOut::print(document);
+    else
+        rows.print();
+}
+
 struct holePoint {
     double md = 0.0;
     double abs = 0.0;
@@ -102,29 +175,19 @@ void printPoints(const std::vector<holePoint>& points, resultForm form) {
 
 namespace commands {
 
-int importSurvey(const importSurveyRequest& request) {
+int survey(const surveyRequest& request) {
     const openedWell opened = openWell(request.file, request.well);
     if (!opened)
         return output::failure;
-    if (const std::wstring why = whyNoInput(request.listing); !why.empty())
-        return output::refused(why);
-    if (!opened.well->loadInclFromLST(request.listing, false))
-        return output::refused();
-    output::line(
-        L"the survey of " + names::spelled(opened.well->getDescription()) + L" has "
-        + std::to_wstring(opened.well->getIncl()->getDataCount())
-        + (opened.well->checkIncl()
-               ? L" stations"
-               : L" stations; it is not valid: depths must grow and absolute depths fall"));
-    return 0;
-}
-
-int survey(const wellRequest& request) {
-    const openedWell opened = openWell(request.file, request.well);
-    if (!opened)
-        return output::failure;
+    NORLEX_inclinometry& incl = *opened.well->getIncl();
+    const NORLEX_surveyReport report(incl);
+    if (!request.crossings.empty())
+        printCrossings(report, request);
+    if (request.report)
+        printReport(report, request.form);
+    if (request.report || !request.crossings.empty())
+        return 0;
     const bool valid = opened.well->checkIncl();
-    const NORLEX_inclinometry& incl = *opened.well->getIncl();
     if (request.form == resultForm::json)
         jsonOut::print(surveyOf(incl, valid));
     else
