@@ -38,3 +38,12 @@ openedWell openWell(const std::wstring& path, const std::wstring& reference) {
     }
     return out;
 }
+
+bool editIn(NORLEX_wellContainer& container, const std::function<bool()>& change) {
+    if (!container.beginTransaction())
+        return false;
+    if (change())
+        return container.endTransaction();
+    container.rollbackTransaction();
+    return false;
+}

@@ -4,6 +4,7 @@
 #include "NORLEX_well.h"
 #include "NORLEX_wellContainer.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,3 +23,6 @@ struct openedWell {
     explicit operator bool() const { return well != nullptr; }
 };
 [[nodiscard]] openedWell openWell(const std::wstring& path, const std::wstring& reference);
+
+// `change` in one transaction of the container, which is undone when it answers false.
+[[nodiscard]] bool editIn(NORLEX_wellContainer& container, const std::function<bool()>& change);
