@@ -39,6 +39,7 @@ constexpr std::array groups{
     group{"las-export", "20 large logs into a LAS file", bench::lasExport},
     group{"sample-file", "writing and reading the samples of a log", bench::sampleFiles},
     group{"survey", "depth conversions on 10,000 stations", bench::survey},
+    group{"vdm", "depth and time on a velocity model of 10,000 points", bench::vdm},
     group{"many-files", "many small LAS files into one container", bench::manyFiles},
     group{"containers", "making, opening, bulk loading and copying containers", bench::containers},
     group{"records", "records loaded from a table, read, removed; filters", bench::recordMeasures},

@@ -24,6 +24,7 @@ using measure = bool (*)(const settings&, std::vector<figure>&);
 [[nodiscard]] bool lasExport(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool sampleFiles(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool survey(const settings& with, std::vector<figure>& figures);
+[[nodiscard]] bool vdm(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool manyFiles(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool containers(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool recordMeasures(const settings& with, std::vector<figure>& figures);

@@ -1,5 +1,13 @@
 #include "cli/arguments.h"
 
+#include "cli/add_command.h"
+#include "cli/arguments_construction.h"
+#include "cli/arguments_derive.h"
+#include "cli/arguments_dict.h"
+#include "cli/arguments_survey.h"
+#include "cli/arguments_tables.h"
+#include "cli/arguments_template.h"
+#include "cli/arguments_vdm.h"
 #include "cli/command_options.h"
 #include "cli/commands.h"
 #include "cli/help_format.h"
@@ -15,43 +23,8 @@
 namespace {
 
 using namespace commandOptions;
-using command = std::function<int()>;
 
 constexpr int wrongUsage = 2;
-
-CLI::App& addWord(CLI::App& parent, const helpText& help) {
-    auto* const app =
-        parent.add_subcommand(help.name, std::string(help.brief) + "\n" + help.paragraph);
-    app->footer(std::string("Example:\n  ") + help.example);
-    return *app;
-}
-
-// A word before other words: "well" of "well add".
-CLI::App& addGroup(CLI::App& parent, const helpText& help) {
-    CLI::App& app = addWord(parent, help);
-    app.require_subcommand(1);
-    return app;
-}
-
-// Adds a command: `options` fills the request from the command line, `check` refuses what does not
-// go together. When the command is the one asked for, `chosen` becomes its run.
-template <typename Request, typename Options>
-void addCommand(
-    CLI::App& parent,
-    command& chosen,
-    const helpText& help,
-    int (*run)(const Request&),
-    Options options,
-    void (*check)(const Request&) = [](const Request&) {}) {
-    CLI::App& app = addWord(parent, help);
-    // The option callbacks refer to the request, so it lives as long as the command does.
-    const auto request = std::make_shared<Request>();
-    options(app, *request);
-    app.callback([&chosen, request, run, check] {
-        check(*request);
-        chosen = [request, run] { return run(*request); };
-    });
-}
 
 // Lists the commands added since the last call under a title of their own.
 void titleCommands(CLI::App& app, const std::string& title) {
@@ -122,6 +95,7 @@ void importLasOptions(CLI::App& app, importLasRequest& request) {
         ->required();
     addText(app, "--object", "O", options.workObject, "work object of the wells; empty without it");
     addText(app, "--field", "F", options.field, "their field; without it, what the files say");
+    addWellChoice(app, options);
     addText(app, "--group", "G", options.group, "group of the logs; LAS without it");
     addEncoding(app, options.encoding);
     addOnExisting(app, options.onExisting);
@@ -142,17 +116,10 @@ void addExchangeCommands(CLI::App& app, command& chosen) {
     addCommand(app, chosen, helpTexts::las, commands::las, lasOptions);
     CLI::App& import = addGroup(app, helpTexts::importCommand);
     addCommand(import, chosen, helpTexts::importLas, commands::importLas, importLasOptions);
-    addCommand(import,
-               chosen,
-               helpTexts::importSurvey,
-               commands::importSurvey,
-               [](CLI::App& c, importSurveyRequest& r) {
-                   addFile(c, r.file);
-                   addWell(c, r.well);
-                   addText(c, "LISTING", "", r.listing, "the survey listing")->required();
-               });
+    addSurveyImport(import, chosen);
     CLI::App& group = addGroup(app, helpTexts::exportCommand);
     addCommand(group, chosen, helpTexts::exportLas, commands::exportLas, exportLasOptions);
+    addTableCommands(import, group, chosen);
 }
 
 void wellOptions(CLI::App& app, wellSetRequest& request) {
@@ -202,6 +169,7 @@ void dataOptions(CLI::App& app, dataRequest& request) {
         ->required();
     addNumber(app, "--from", request.from, "shallowest measured depth");
     addNumber(app, "--to", request.to, "deepest measured depth");
+    app.add_flag("--codes", request.codes, "codes, not what dictionaries have for them");
     addJson(app, request.form);
     addCsv(app, request.form);
 }
@@ -232,7 +200,7 @@ void addDataCommands(CLI::App& app, command& chosen) {
     };
     addCommand(app, chosen, helpTexts::props, commands::props, options);
     addCommand(app, chosen, helpTexts::data, commands::data, dataOptions, checkData);
-    addCommand(app, chosen, helpTexts::survey, commands::survey, options);
+    addSurveyCommand(app, chosen);
     addCommand(app, chosen, helpTexts::depth, commands::depth, depthOptions, checkDepth);
 }
 
@@ -273,6 +241,11 @@ std::function<int()> parseArguments(int argc, const char* const* argv, int& exit
     titleCommands(app, "Files in and out");
     addWellCommands(app, chosen);
     addDataCommands(app, chosen);
+    addDeriveCommands(app, chosen);
+    addVdmCommands(app, chosen);
+    addConstructionCommands(app, chosen);
+    addTemplateCommands(app, chosen);
+    addDictCommands(app, chosen);
     titleCommands(app, "Wells and their data");
 
     std::vector<std::string> arguments; // the last one first, as the parser takes them

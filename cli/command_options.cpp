@@ -136,6 +136,32 @@ void addOnExisting(CLI::App& app, NORLEX_onExisting& target) {
         ->type_name("skip|replace|fail");
 }
 
+void addWellChoice(CLI::App& app, NORLEX_lasImportOptions& target) {
+    addValue(app,
+             "--well-from",
+             "the well's name: header entries and file (its own name), the first with a text",
+             [&target](const std::string& value) {
+                 const std::wstring list = text::wide(value) + L",";
+                 for (std::size_t from = 0; from < list.size();) {
+                     const std::size_t end = list.find(L',', from);
+                     target.wellFrom.push_back(list.substr(from, end - from));
+                     if (target.wellFrom.back().empty())
+                         throw CLI::ValidationError(
+                             "--well-from",
+                             "\"" + value + "\" is no list of entries such as UWI,file");
+                     from = end + 1;
+                 }
+             })
+        ->type_name("ENTRY,…");
+    const auto take = [&target](const std::string& value) {
+        if (value != "exact" && value != "letters")
+            throw CLI::ValidationError("--match", "\"" + value + "\" is not one of exact, letters");
+        target.match = value == "exact" ? NORLEX_wellMatch::exact : NORLEX_wellMatch::letters;
+    };
+    addValue(app, "--match", "find existing wells by their letters and digits, too", take)
+        ->type_name("exact|letters");
+}
+
 void refuseUsage(const std::string& message) {
     throw CLI::ValidationError(message);
 }

@@ -46,6 +46,7 @@ void addJson(CLI::App& app, resultForm& target);
 void addCsv(CLI::App& app, resultForm& target); // after addJson: one of the two
 void addEncoding(CLI::App& app, ts::strconv::encodings& target);
 void addOnExisting(CLI::App& app, NORLEX_onExisting& target);
+void addWellChoice(CLI::App& app, NORLEX_lasImportOptions& target); // which well a file belongs to
 
 // Wrong usage for a reason of the command's own.
 [[noreturn]] void refuseUsage(const std::string& message);

@@ -99,13 +99,8 @@ struct dataRequest {
     std::wstring property;
     std::optional<double> from; // measured depths, both taken in
     std::optional<double> to;
+    bool codes = false; // of fields bound to dictionaries, or their values
     resultForm form = resultForm::table;
-};
-
-struct importSurveyRequest {
-    std::wstring file;
-    std::wstring well;
-    std::wstring listing;
 };
 
 struct depthRequest {
@@ -141,8 +136,6 @@ namespace commands {
 [[nodiscard]] int props(const wellRequest& request);
 [[nodiscard]] int data(const dataRequest& request);
 
-[[nodiscard]] int importSurvey(const importSurveyRequest& request);
-[[nodiscard]] int survey(const wellRequest& request);
 [[nodiscard]] int depth(const depthRequest& request);
 
 } // namespace commands

@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/data_writer.h"
 #include "cli/json_out.h"
 #include "cli/names.h"
 #include "cli/number_text.h"
@@ -6,29 +7,11 @@
 #include "cli/output.h"
 #include "cli/table.h"
 #include "cli/text.h"
+#include "cli/type_names.h"
 
-#include <array>
 #include <cmath>
 
 namespace {
-
-// What programs know the kinds by.
-std::string_view typeName(NORLEX_dataType type) {
-    constexpr std::array<std::string_view, 12> words{"unknown",
-                                                     "marker",
-                                                     "interval",
-                                                     "column",
-                                                     "log",
-                                                     "image",
-                                                     "border",
-                                                     "construction",
-                                                     "work construction",
-                                                     "series",
-                                                     "interval velocity",
-                                                     "average velocity"};
-    const auto index = static_cast<std::size_t>(type);
-    return index < words.size() ? words[index] : words[0];
-}
 
 json propertyOf(const NORLEX_propertyInfo& property) {
     const auto depth = [&](double value) {
@@ -38,7 +21,7 @@ json propertyOf(const NORLEX_propertyInfo& property) {
     return {
         {"group", jsonOut::string(property.description.group)},
         {"name", jsonOut::string(property.description.name)},
-        {"type", typeName(property.type)},
+        {"type", typeNames::of(property.type)},
         {"template", jsonOut::string(property.templateName)},
         {"unit", jsonOut::string(property.unit)},
         {"comment", jsonOut::string(property.comment)},
@@ -62,7 +45,7 @@ void printProperties(const std::vector<NORLEX_propertyInfo>& properties) {
     for (const auto& p : properties)
         rows.add({text::shown(p.description.group),
                   text::shown(p.description.name),
-                  std::string(typeName(p.type)),
+                  std::string(typeNames::of(p.type)),
                   text::shown(p.templateName),
                   text::shown(p.unit),
                   std::to_string(p.records),
@@ -72,77 +55,94 @@ void printProperties(const std::vector<NORLEX_propertyInfo>& properties) {
     rows.print();
 }
 
-// Empty for a value or a depth that is missing.
-template <typename Spelling>
-std::string cellOf(double value, double missingMark, Spelling spell) {
-    return value == missingMark || !std::isfinite(value) ? std::string{} : spell(value);
+using spelling = std::string (*)(double);
+
+// Programs get depths that read back the same, people get four decimals.
+spelling depthSpelling(resultForm form) {
+    return form == resultForm::table ? numberText::brief : numberText::shortest;
 }
 
-struct row {
-    std::string depth;
-    std::string depthAbs;
-    std::string value;
+// Empty for a value or a depth that is missing.
+std::wstring cellOf(double value, double missingMark, spelling spell) {
+    return value == missingMark || !std::isfinite(value) ? std::wstring()
+                                                         : text::wide(spell(value));
+}
 
-    // Programs get depths that read back the same, people get four decimals.
-    row(const NORLEX_logSample& sample, resultForm form)
-        : depth(cellOf(sample.depth, NORLEX_unknownDepth, depthSpelling(form))),
-          depthAbs(cellOf(sample.depthAbs, NORLEX_unknownDepth, depthSpelling(form))),
-          value(cellOf(sample.value, NORLEX_missingValue, numberText::shortest)) {}
+dataWriter::column depthColumn(const char* name, const char* title) {
+    return {name, title, true};
+}
 
-private:
-    using spelling = std::string (*)(double);
-    static spelling depthSpelling(resultForm form) {
-        return form == resultForm::table ? numberText::brief : numberText::shortest;
+// Whether a part of the range lies between the two measured depths.
+bool isWithin(double top, double bot, const dataRequest& request) {
+    return (!request.from || bot >= *request.from) && (!request.to || top <= *request.to);
+}
+
+int showSamples(NORLEX_wellProperty& log, const dataRequest& request) {
+    std::vector<NORLEX_logSample> samples;
+    if (!log.getSamples(samples))
+        return output::refused();
+    dataWriter writer(request.form,
+                      typeNames::of(NORLEX_dataTypeLog),
+                      {depthColumn("depth", "DEPTH"),
+                       depthColumn("depth_abs", "DEPTH ABS"),
+                       depthColumn("value", "VALUE")});
+    const spelling spell = depthSpelling(request.form);
+    for (const auto& sample : samples) {
+        if (output::isEnded())
+            break;
+        if (isWithin(sample.depth, sample.depth, request))
+            writer.add({cellOf(sample.depth, NORLEX_unknownDepth, spell),
+                        cellOf(sample.depthAbs, NORLEX_unknownDepth, spell),
+                        cellOf(sample.value, NORLEX_missingValue, numberText::shortest)});
     }
-};
+    writer.end();
+    return 0;
+}
 
-// Rows are written one by one as they are read: a log may hold millions.
-class rowWriter {
-public:
-    explicit rowWriter(resultForm form) : m_form(form) {
-        if (form == resultForm::json)
-            output::write(R"({"type":"log","columns":["depth","depth_abs","value"],"rows":[)");
-        else if (form == resultForm::csv)
-            output::write("depth,depth_abs,value\r\n"); // RFC 4180 ends lines with CR LF
-        else
-            writeAligned("DEPTH", "DEPTH ABS", "VALUE");
+// Kinds whose records have two ends.
+bool hasIntervals(NORLEX_dataType type) {
+    return type == NORLEX_dataTypeInterval || type == NORLEX_dataTypeColumn
+           || type == NORLEX_dataTypeRastr || type == NORLEX_dataTypeVDMInterval
+           || type == NORLEX_dataTypeVDMAvg;
+}
+
+std::vector<dataWriter::column> columnsOf(const NORLEX_wellProperty& property) {
+    std::vector<dataWriter::column> out;
+    if (hasIntervals(property.getType()))
+        out = {depthColumn("top", "TOP"),
+               depthColumn("bot", "BOTTOM"),
+               depthColumn("top_abs", "TOP ABS"),
+               depthColumn("bot_abs", "BOTTOM ABS")};
+    else
+        out = {depthColumn("depth", "DEPTH"), depthColumn("depth_abs", "DEPTH ABS")};
+    for (const auto& field : property.getFields())
+        out.push_back({text::utf8(field.name),
+                       text::shown(field.name),
+                       field.type == NORLEX_fieldTypeNumeric});
+    return out;
+}
+
+int showRecords(NORLEX_wellProperty& property, const dataRequest& request) {
+    const bool areIntervals = hasIntervals(property.getType());
+    const auto& records = property.getRecords();
+    const spelling spell = depthSpelling(request.form);
+    dataWriter writer(request.form, typeNames::of(property.getType()), columnsOf(property));
+    for (std::size_t i = 0; i < records.size() && !output::isEnded(); ++i) {
+        const auto& r = records[i];
+        if (!isWithin(r.top, r.bot, request))
+            continue;
+        std::vector<std::wstring> cells;
+        for (const double depth : areIntervals
+                                      ? std::vector<double>{r.top, r.bot, r.topAbs, r.botAbs}
+                                      : std::vector<double>{r.top, r.topAbs})
+            cells.push_back(cellOf(depth, NORLEX_unknownDepth, spell));
+        for (std::size_t field = 0; field < property.getFields().size(); ++field)
+            cells.push_back(request.codes ? property.getValue(field, i)
+                                          : property.getShownValue(field, i));
+        writer.add(cells);
     }
-
-    void add(const row& r) {
-        if (m_form == resultForm::json)
-            output::write((m_first ? "\n[" : ",\n[") + orNull(r.depth) + "," + orNull(r.depthAbs)
-                          + "," + orNull(r.value) + "]");
-        else if (m_form == resultForm::csv)
-            output::write(r.depth + "," + r.depthAbs + "," + r.value + "\r\n");
-        else
-            writeAligned(r.depth, r.depthAbs, r.value);
-        m_first = false;
-    }
-
-    void end() const {
-        if (m_form == resultForm::json)
-            output::line("\n]}");
-    }
-
-private:
-    static std::string orNull(const std::string& cell) { return cell.empty() ? "null" : cell; }
-
-    static void
-    writeAligned(std::string_view depth, std::string_view depthAbs, std::string_view value) {
-        constexpr std::size_t width = 18;
-        using enum table::align;
-        std::string line = padded(depth, width, right) + "  " + padded(depthAbs, width, right)
-                           + "  " + padded(value, width, right);
-        line.erase(line.find_last_not_of(' ') + 1);
-        output::line(line);
-    }
-
-    resultForm m_form;
-    bool m_first = true;
-};
-
-bool isWithin(double depth, const dataRequest& request) {
-    return (!request.from || depth >= *request.from) && (!request.to || depth <= *request.to);
+    writer.end();
+    return 0;
 }
 
 } // namespace
@@ -176,22 +176,23 @@ int data(const dataRequest& request) {
     const auto property = opened.well->openProperty(*description);
     if (!property || !property->isOK())
         return output::refused();
-    if (property->getType() != NORLEX_dataTypeLog)
+    switch (property->getType()) {
+    case NORLEX_dataTypeLog:
+        return showSamples(*property, request);
+    case NORLEX_dataTypeMarker:
+    case NORLEX_dataTypeSerial:
+    case NORLEX_dataTypeInterval:
+    case NORLEX_dataTypeColumn:
+    case NORLEX_dataTypeRastr:
+    case NORLEX_dataTypeVDMInterval:
+    case NORLEX_dataTypeVDMAvg:
+    case NORLEX_dataTypeBorder:
+        return showRecords(*property, request);
+    default:
         return output::refused(L"the property " + names::spelled(*description) + L" is of the kind "
-                               + text::wide(typeName(property->getType()))
-                               + L", which cannot be shown yet; logs can");
-    std::vector<NORLEX_logSample> samples;
-    if (!property->getSamples(samples))
-        return output::refused();
-    rowWriter writer(request.form);
-    for (const auto& sample : samples) {
-        if (output::isEnded())
-            break;
-        if (isWithin(sample.depth, request))
-            writer.add(row(sample, request.form));
+                               + text::wide(typeNames::of(property->getType()))
+                               + L", which has no records in depth");
     }
-    writer.end();
-    return 0;
 }
 
 } // namespace commands

@@ -100,7 +100,7 @@ const helpText las{
 
 const helpText importCommand{
     "import",
-    "read LAS files and surveys into a container",
+    "read LAS files, tables and surveys into a container",
     "Reads files into a container.",
     "welldb import las field.well2 logs/",
 };
@@ -110,23 +110,15 @@ const helpText importLas{
     "read LAS files into wells and logs",
     "Reads LAS files into a container, each into a well and its logs. The well is found by work "
     "object, field and name, or created with the position and altitude of the file's header. A "
-    "folder is walked for *.las; a file that is named is read whatever it is called. Each file is "
+    "folder is walked for *.las; a file that is named is read whatever it is called. --match letters "
+    "takes 00-10-28-081-12W4-0 for the well 00/10-28-081-12W4/0. Each file is "
     "taken wholly or not at all, all files are tried, and Ctrl-C keeps what was done.",
     "welldb import las field.well2 logs/ --object North --on-existing skip",
 };
 
-const helpText importSurvey{
-    "survey",
-    "replace the survey of a well by a listing",
-    "Replaces the survey of a well by the one in a listing: a text file whose data lie between its "
-    "second and its third line with a \"=\", with measured depth, inclination and azimuth (degrees) "
-    "first on each line. The absolute depths of the well's logs follow.",
-    "welldb import survey field.well2 --well North/Deep/12 survey.lst",
-};
-
 const helpText exportCommand{
     "export",
-    "write LAS files",
+    "write LAS files and tables",
     "Writes files out of a container.",
     "welldb export las field.well2 --well 12 -o well-12.las",
 };
@@ -197,21 +189,13 @@ const helpText props{
 
 const helpText data{
     "data",
-    "show the samples of a log",
-    "Shows the samples of a log: measured depth, absolute depth and value. --from and --to keep "
-    "the measured depths between them, both ends included. A missing value is null in JSON and "
-    "empty in a table or CSV.",
+    "show the records of a property",
+    "Shows the samples of a log, or the records of points, intervals and picks: measured and "
+    "absolute depth, and the value or the fields. --from and --to keep what lies between these "
+    "measured depths, both ends included, intervals that reach into them among it. A missing number "
+    "is null in JSON and empty in a table or CSV. Fields bound to dictionaries show what their codes "
+    "mean, or with --codes the codes.",
     "welldb data field.well2 --well 12 --prop LAS/GR --from 1500 --to 1510 --csv",
-};
-
-const helpText survey{
-    "survey",
-    "show the survey of a well",
-    "Shows the directional survey of a well: stations with measured and absolute depth, inclination "
-    "and azimuth in degrees, and x (east) and y (north), which are offsets from the well head. "
-    "Below them the altitude, whether depths grow and absolute depths fall all the way (valid), and "
-    "the farthest offset in each direction.",
-    "welldb survey field.well2 --well 12 --json",
 };
 
 const helpText depth{

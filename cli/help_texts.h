@@ -21,7 +21,6 @@ extern const helpText copy;
 extern const helpText las;
 extern const helpText importCommand;
 extern const helpText importLas;
-extern const helpText importSurvey;
 extern const helpText exportCommand;
 extern const helpText exportLas;
 extern const helpText wells;
@@ -32,7 +31,6 @@ extern const helpText wellRename;
 extern const helpText wellRemove;
 extern const helpText props;
 extern const helpText data;
-extern const helpText survey;
 extern const helpText depth;
 
 extern const char* const program;

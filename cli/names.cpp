@@ -167,4 +167,14 @@ std::optional<NORLEX_wellDescription> newWell(std::wstring_view reference,
     return std::nullopt;
 }
 
+std::optional<NORLEX_propDescription> newProperty(std::wstring_view reference) {
+    const auto parts = split(reference);
+    if (parts.size() == 1)
+        return NORLEX_propDescription(parts[0], {});
+    if (parts.size() == 2)
+        return NORLEX_propDescription(parts[1], parts[0]);
+    refuseParts(L"the property", reference, L"GROUP/NAME");
+    return std::nullopt;
+}
+
 } // namespace names

@@ -35,4 +35,7 @@ namespace names {
 [[nodiscard]] std::optional<NORLEX_wellDescription> newWell(std::wstring_view reference,
                                                             const NORLEX_wellDescription& base);
 
+// The name of a property that may not be there: NAME alone is of no group.
+[[nodiscard]] std::optional<NORLEX_propDescription> newProperty(std::wstring_view reference);
+
 } // namespace names

@@ -9,6 +9,7 @@
 #include "NORLEX_propDescription.h"
 #include "NORLEX_wellDescription.h"
 #include "NORLEX_wellProperty.h"
+#include "NORLEX_wellVDM.h"
 
 #include <cstdint>
 #include <functional>
@@ -18,8 +19,12 @@
 #include <vector>
 
 class changeWatch;
+class NORLEX_wellConstruction;
+class NORLEX_wellDrilling;
 class globalEventObserver;
+struct NORLEX_VDMtableOptions;
 struct eventMsgDescription;
+struct NORLEX_inclRead_descr;
 class odbc_database;
 
 namespace tableRW {
@@ -225,8 +230,8 @@ public:
                                     NORLEX_windowKind kind,
                                     double window,
                                     const NORLEX_propDescription& result);
-    // The fewest samples of a log from which straight lines stay within `tolerance`, in the unit of
-    // its values, of all the others: Ramer 1972, Douglas and Peucker 1973, the distance being taken
+    // Samples of a log from which straight lines stay within `tolerance`, in the unit of its
+    // values, of all the others: Ramer 1972, Douglas and Peucker 1973, the distance being taken
     // along the value axis. Missing samples split the log.
     [[nodiscard]] bool propSimplify(const NORLEX_propDescription& log,
                                     double tolerance,
@@ -261,6 +266,10 @@ public:
                                             const NORLEX_tableOptions& options,
                                             NORLEX_tableReport& report);
 
+    // Records beside the properties; each is as good as the database is open.
+    [[nodiscard]] NORLEX_wellConstruction getConstruction() const;
+    [[nodiscard]] NORLEX_wellDrilling getDrillingInfo() const;
+
     // Survey. The pointer stays the well's and is valid while the well is.
     [[nodiscard]] NORLEX_inclinometry* getIncl();
     [[nodiscard]] bool clearIncl();
@@ -272,6 +281,52 @@ public:
     // The same from a survey listing: text whose data lie between the second and the third line
     // with a "=", depth, angle and azimuth first on each line.
     [[nodiscard]] bool loadInclFromLST(const std::wstring& path, bool silent);
+    // The same from a table, and from curves of a LAS file. The report holds each row that was not
+    // taken; rows of a LAS file without an angle or an azimuth are passed over.
+    [[nodiscard]] bool loadInclFromReader(tableRW::tableReader& reader,
+                                          const NORLEX_inclRead_descr& description,
+                                          NORLEX_tableReport& report,
+                                          bool silent);
+    [[nodiscard]] bool loadInclFromLAS(const std::wstring& path,
+                                       const NORLEX_inclRead_descr& description,
+                                       NORLEX_tableReport& report,
+                                       bool silent);
+
+    // Velocity-depth model, of units and signs as in NORLEX_vdm.h. The pointer stays the well's and
+    // is valid while the well is; it follows changes of the altitude and announced changes.
+    [[nodiscard]] NORLEX_wellVDM* getVDM();
+    [[nodiscard]] bool clearVDM();
+    // Each replaces the stored model in one transaction, stamps the well and announces it, or
+    // leaves everything as it was.
+    //
+    // Points as a model holds them; their keys are not looked at.
+    [[nodiscard]] bool VDMimport_fromPoints(const std::vector<vdm_data>& points);
+    // Intervals, in order, with their velocities in m/s as text: from the altitude down. Those of
+    // an empty velocity, of 0 or less are passed over. In time the first point is at the first top;
+    // in depth it is at time 0, and intervals that end above it are passed over.
+    [[nodiscard]] bool VDMimport_fromModel(const std::vector<NORLEX_intervalValue>& intervals,
+                                           NORLEX_vdmType type);
+    // Markers and a field with their times, which grow downwards. Records without a time take no
+    // part. A marker above the well head, or one whose time is not greater than that of the one
+    // above it, is refused.
+    [[nodiscard]] bool VDMimport_fromMarkers(const NORLEX_propDescription& markers,
+                                             const std::wstring& field,
+                                             const NORLEX_VDMcreateOptions& options);
+    // A sonic log, its interval transit times integrated over vertical depth from the tie point
+    // down. Samples without a value, or with one of 0 or less, take the last value above them, as
+    // far as `maxGap`; a longer stretch is refused.
+    [[nodiscard]] bool VDMimport_fromSonic(const NORLEX_propDescription& log,
+                                           const NORLEX_VDMcreateOptions& options);
+    // A table of depths and times, or of intervals and velocities. Times grow downwards. The report
+    // holds each row that is not taken.
+    [[nodiscard]] bool VDMimport_fromTable(const std::wstring& path,
+                                           const NORLEX_VDMtableOptions& options,
+                                           NORLEX_tableReport& report);
+    // Shows the model as a property of interval or average velocities, intervals in m/s. One that
+    // is there is made anew; later changes of the model do not reach it. Removing such a property
+    // removes the model.
+    [[nodiscard]] bool VDMmakeIntervalVelocity(const NORLEX_propDescription& result);
+    [[nodiscard]] bool VDMmakeAverageVelocity(const NORLEX_propDescription& result);
 
     // Writes logs into one LAS 2.0 file on a common depth grid: depths with one decimal, values
     // with three. Nothing is returned: an empty list, a step of 0 or a file that cannot be opened
@@ -298,11 +353,18 @@ private:
                                const std::function<bool(NORLEX_dataType)>& isMeant,
                                NORLEX_depthRange& range) const;
     void announceUpdate();
+    void followMissed();
+    void renewVDM();
+    [[nodiscard]] bool editVDM(const std::function<bool(NORLEX_wellVDM&)>& change);
+    [[nodiscard]] bool makeVelocity(NORLEX_dataType type,
+                                    double NORLEX_vdmItem::*velocity,
+                                    const NORLEX_propDescription& result);
 
     odbc_database* m_db = nullptr;
     std::uint32_t m_wellId = 0;
     std::wstring m_uuid;
     std::unique_ptr<NORLEX_inclinometry> m_incl; // made when it is first asked for
+    std::unique_ptr<NORLEX_wellVDM> m_vdm;       // the same
     std::unique_ptr<changeWatch> m_watch;
     bool m_ok = false;
 };

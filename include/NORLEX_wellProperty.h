@@ -21,6 +21,7 @@
 #include <vector>
 
 struct eventMsgDescription;
+class NORLEX_dictionary;
 class NORLEX_inclinometry;
 class NORLEX_wellVDM;
 class odbc_database;
@@ -214,6 +215,12 @@ public:
     // The value of a field in a record, both by position; empty past the ends. Of picks, field 0
     // is the border's name and field 1 its group.
     [[nodiscard]] std::wstring getValue(std::size_t field, std::size_t record);
+    // The dictionary that the field at a position is bound to, for as long as it is held; null when
+    // there is none. Bindings are of the property's name and group, in every well.
+    [[nodiscard]] std::shared_ptr<NORLEX_dictionary> getFieldDictionary(std::size_t field);
+    // For people: what the dictionary has for the stored code, or the stored value itself where
+    // there is no dictionary or no such code.
+    [[nodiscard]] std::wstring getShownValue(std::size_t field, std::size_t record);
     // The value as a number, decimal comma or point; nothing when it is none.
     [[nodiscard]] std::optional<double> getNumber(std::size_t field, std::size_t record);
 

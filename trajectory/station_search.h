@@ -11,13 +11,17 @@
 // exactly the scan's answer in logarithmic time, and at once for runs in depth order.
 //
 // A station's key is a number that falls down the hole: its absolute depth, or its measured depth
-// negated.
+// negated. The points of a velocity-depth model, by depth or by time, are such stations too.
 class stationSearch {
 public:
     explicit stationSearch(std::vector<double> keys);
 
     // The station for `target`, searched from the station `active`. There must be a station.
     [[nodiscard]] std::size_t find(std::size_t active, double target) const;
+
+    // The same by a scan from the first station, wherever the target lies: the one before the first
+    // that is below it.
+    [[nodiscard]] std::size_t findFromTop(double target) const;
 
 private:
     [[nodiscard]] std::size_t firstBelow(double target, std::size_t known) const;

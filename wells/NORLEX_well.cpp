@@ -1,5 +1,6 @@
 #include "NORLEX_well.h"
 
+#include "events/change_watch.h"
 #include "globalEventObserver.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
@@ -8,7 +9,6 @@
 #include "store/audit.h"
 #include "store/journal.h"
 #include "wells/announce.h"
-#include "wells/change_watch.h"
 #include "wells/names.h"
 #include "wells/query.h"
 #include "wells/well_records.h"
@@ -89,6 +89,7 @@ NORLEX_wellDescription NORLEX_well::getDescription(odbc_database* db, std::uint3
 bool NORLEX_well::open(const NORLEX_wellDescription& description) {
     m_ok = false;
     m_incl.reset();
+    m_vdm.reset();
     if (!query::isOpen(m_db))
         return false;
     const auto well = names::plain(description);

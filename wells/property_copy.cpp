@@ -127,6 +127,10 @@ bool NORLEX_wellProperty::copy(odbc_database* db,
     if (kind != geometry::points && kind != geometry::intervals && kind != geometry::samples)
         return refuse(L"the property " + names::shown(srcProp)
                       + L" cannot be copied; one with points, intervals or samples is expected");
+    if (propertyRecords::isVelocity(source->type))
+        return refuse(L"the property " + names::shown(srcProp)
+                      + L" shows the velocity model of its well; that model may be copied, and "
+                        L"velocities be made of the copy");
     if (srcWell == dstWell && srcProp == dstProp)
         return refuse(L"the property " + names::shown(srcProp) + L" would be copied onto itself");
     std::int64_t targetId = propertyRecords::find(*db, dstWell, dstProp);

@@ -47,6 +47,24 @@ bool isWithin(double depth) {
     return std::isfinite(depth) && std::abs(depth) <= recordDepths::deepest;
 }
 
+// Each answers whether the computed depths can be stored.
+bool followMeasured(NORLEX_inclinometry& incl, NORLEX_geometryRecord& r) {
+    r.topAbs = absolute(incl, r.top, r.topAbs);
+    r.botAbs = absolute(incl, r.bot, r.botAbs);
+    if (r.topAbs < r.botAbs)
+        std::swap(r.topAbs, r.botAbs); // in a hole that rises the bottom is the higher end
+    return isWithin(r.topAbs) && isWithin(r.botAbs);
+}
+
+// Of velocities, whose absolute depths are those of the model.
+bool followAbsolute(NORLEX_inclinometry& incl, NORLEX_geometryRecord& r) {
+    r.top = incl.getReal(r.topAbs);
+    r.bot = incl.getReal(r.botAbs);
+    if (r.top > r.bot)
+        std::swap(r.top, r.bot);
+    return isWithin(r.top) && isWithin(r.bot);
+}
+
 // Depths are stored with two decimals.
 bool isStoredEqual(double a, double b) {
     return std::abs(a - b) < 0.004;
@@ -122,14 +140,14 @@ bool NORLEX_wellProperty::recalcRecords(bool announce) {
     bool isChanged = false;
     for (const auto& old : records) {
         auto r = old;
-        r.topAbs = absolute(*m_incl, old.top, old.topAbs);
-        r.botAbs = absolute(*m_incl, old.bot, old.botAbs);
-        if (r.topAbs < r.botAbs)
-            std::swap(r.topAbs, r.botAbs); // in a hole that rises the bottom is the higher end
-        if (!isWithin(r.topAbs) || !isWithin(r.botAbs))
+        const bool isSound = propertyRecords::isVelocity(m_state->type)
+                                 ? followAbsolute(*m_incl, r)
+                                 : followMeasured(*m_incl, r);
+        if (!isSound)
             return refuse(L"a depth of " + names::shown(m_state->descr)
                           + L" would not be within 2000000; another survey is expected");
-        if (!isStoredEqual(r.topAbs, old.topAbs) || !isStoredEqual(r.botAbs, old.botAbs)) {
+        if (!isStoredEqual(r.topAbs, old.topAbs) || !isStoredEqual(r.botAbs, old.botAbs)
+            || !isStoredEqual(r.top, old.top) || !isStoredEqual(r.bot, old.bot)) {
             isChanged = true;
             if (!geometryRows::update(*m_db, kind, r))
                 return false;

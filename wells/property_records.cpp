@@ -31,6 +31,8 @@ geometry geometryOf(NORLEX_dataType type) {
     case NORLEX_dataTypeInterval:
     case NORLEX_dataTypeColumn:
     case NORLEX_dataTypeRastr:
+    case NORLEX_dataTypeVDMInterval:
+    case NORLEX_dataTypeVDMAvg:
         return geometry::intervals;
     case NORLEX_dataTypeBorder:
         return geometry::picks;
@@ -39,6 +41,10 @@ geometry geometryOf(NORLEX_dataType type) {
     default:
         return geometry::none;
     }
+}
+
+bool isVelocity(NORLEX_dataType type) {
+    return type == NORLEX_dataTypeVDMInterval || type == NORLEX_dataTypeVDMAvg;
 }
 
 std::int64_t find(odbc_database& db, std::uint32_t wellId, const NORLEX_propDescription& prop) {

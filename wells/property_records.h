@@ -31,6 +31,8 @@ enum class geometry {
     samples,   // a file
 };
 [[nodiscard]] geometry geometryOf(NORLEX_dataType type);
+// Intervals that show the velocity-depth model of the well, which goes with them.
+[[nodiscard]] bool isVelocity(NORLEX_dataType type);
 
 [[nodiscard]] std::int64_t find(odbc_database& db, // 0 when there is none
                                 std::uint32_t wellId,

@@ -18,6 +18,7 @@ bool NORLEX_wellProperty::readRow() const {
     m_state->templateName = std::move(row->templateName);
     m_state->type = row->type;
     m_state->fields.clear();
+    m_state->dictionaries.clear();
     for (auto& field : propertyFields::read(*m_db, m_state->id))
         m_state->fields.push_back({field.fieldId, std::move(field.name), field.type});
     return true;
@@ -50,6 +51,10 @@ void NORLEX_wellProperty::onGlobalUpdate(const eventMsgDescription& message) {
         break;
     case eventKind::correlationBorder:
         self.isStale = self.isStale || self.type == NORLEX_dataTypeBorder;
+        break;
+    case eventKind::dictionary: // of a binding, the only one that names a property
+        if (isOwn)
+            self.dictionaries.clear();
         break;
     case eventKind::well: // its survey or its altitude, or it is gone
         self.isStale = self.isStale || message.action != eventAction::create;

@@ -124,8 +124,7 @@ bool removeRows(odbc_database& db,
            // attached files
            && db.exec(sql(L"DELETE FROM file_link WHERE pr_id = ", key(property.id)))
            && db.exec(sql(L"DELETE FROM property WHERE pr_id = ", key(property.id)))
-           && ((property.type != NORLEX_dataTypeVDMInterval
-                && property.type != NORLEX_dataTypeVDMAvg)
+           && (!propertyRecords::isVelocity(property.type)
                || db.exec(sql(L"DELETE FROM vdm_data WHERE w_id = ", key(wellId))));
 }
 

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "NORLEX_wellProperty.h"
-#include "wells/change_watch.h"
+#include "events/change_watch.h"
 #include "wells/record_set.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,5 +25,7 @@ struct NORLEX_wellProperty::state {
     bool samplesEdited = false; // in memory, not yet written
     bool ok = false;
     bool isStale = false; // to be read again
+    // By position of the field; none until it is asked for, null where nothing is bound.
+    std::map<std::size_t, std::shared_ptr<NORLEX_dictionary>> dictionaries;
     std::optional<changeWatch> watch;
 };

@@ -1,10 +1,10 @@
 // The survey of a well and what follows it.
 #include "NORLEX_well.h"
+#include "events/change_watch.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
-#include "wells/change_watch.h"
 #include "wells/property_records.h"
 #include "wells/query.h"
 
@@ -13,9 +13,18 @@ using namespace sqlText;
 NORLEX_inclinometry* NORLEX_well::getIncl() {
     if (!m_incl && m_ok)
         m_incl = std::make_unique<NORLEX_inclinometry>(m_db, m_wellId);
-    else if (m_incl && m_watch->takeMissed()) // changed in another thread
-        m_incl->update();
+    else
+        followMissed();
     return m_incl.get();
+}
+
+// What was changed in another thread meanwhile.
+void NORLEX_well::followMissed() {
+    if (!m_watch || !m_watch->takeMissed())
+        return;
+    if (m_incl)
+        m_incl->update();
+    renewVDM();
 }
 
 void NORLEX_well::onGlobalUpdate(const eventMsgDescription& message) {
@@ -26,8 +35,12 @@ void NORLEX_well::onGlobalUpdate(const eventMsgDescription& message) {
             m_ok
             && query::counter(m_db, sql(L"SELECT w_id FROM well_base WHERE w_id = ", key(m_wellId)))
                    != 0;
-    else if (isAboutWell && message.action == eventAction::update && m_incl)
-        m_incl->update();
+    else if (isAboutWell && message.action == eventAction::update) {
+        if (m_incl)
+            m_incl->update();
+        renewVDM();
+    } else if (message.action == eventAction::remove)
+        renewVDM(); // with a velocity property the model goes
 }
 
 bool NORLEX_well::checkIncl() {
@@ -45,6 +58,7 @@ bool NORLEX_well::editTrajectory(const std::function<bool()>& change, bool silen
         transaction edit(m_db);
         if (edit.isOpen() && change()) {
             incl->update();
+            renewVDM();
             if (recalcProperties(!silent) && updateEditTime()) {
                 if (!silent)
                     announceUpdate();
@@ -52,8 +66,10 @@ bool NORLEX_well::editTrajectory(const std::function<bool()>& change, bool silen
             }
         }
     }
-    if (!stored)
-        incl->update(); // back to what the rows say
+    if (!stored) { // back to what the rows say
+        incl->update();
+        renewVDM();
+    }
     return stored;
 }
 

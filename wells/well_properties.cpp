@@ -59,7 +59,7 @@ std::unique_ptr<NORLEX_wellProperty> NORLEX_well::openProperty(const NORLEX_prop
         refuse(L"the well has no property " + names::shown(prop));
         return nullptr;
     }
-    auto property = std::make_unique<NORLEX_wellProperty>(m_db, id, getIncl());
+    auto property = std::make_unique<NORLEX_wellProperty>(m_db, id, getIncl(), getVDM());
     return property->isOK() ? std::move(property) : nullptr;
 }
 

@@ -13,13 +13,17 @@ constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double notNumber = std::numeric_limits<double>::quiet_NaN();
 
 // The definition: a scan for the first station below the target.
-std::size_t scan(const std::vector<double>& keys, std::size_t active, double target) {
-    if (keys[active] == target)
-        return active;
-    for (std::size_t i = keys[active] < target ? 0 : active + 1; i < keys.size(); ++i)
+std::size_t scanFrom(const std::vector<double>& keys, std::size_t from, double target) {
+    for (std::size_t i = from; i < keys.size(); ++i)
         if (keys[i] < target)
             return i == 0 ? 0 : i - 1;
     return keys.size() - 1;
+}
+
+std::size_t scan(const std::vector<double>& keys, std::size_t active, double target) {
+    if (keys[active] == target)
+        return active;
+    return scanFrom(keys, keys[active] < target ? 0 : active + 1, target);
 }
 
 using generator = std::mt19937;
@@ -85,6 +89,8 @@ TEST(StationSearchTest, findsWhatAScanFinds) {
                 ASSERT_EQ(found, scan(keys, active, target))
                     << hole.where << ", seed " << seed << ", from " << active << ", " << target;
                 active = found;
+                ASSERT_EQ(search.findFromTop(target), scanFrom(keys, 0, target))
+                    << hole.where << ", seed " << seed << ", " << target;
             }
         }
 }

@@ -20,7 +20,8 @@ class changeWatch {
 public:
     using reaction = std::function<void(const eventMsgDescription&)>;
 
-    // Messages of this database about the well, or about wells as a whole, reach `react`.
+    // Messages of this database about the well, or about no well in particular, reach `react`.
+    // `wellId` 0: only the latter.
     changeWatch(odbc_database& db, std::uint32_t wellId, reaction react);
     changeWatch(const changeWatch&) = delete;
     changeWatch& operator=(const changeWatch&) = delete;

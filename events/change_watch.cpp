@@ -1,4 +1,4 @@
-#include "wells/change_watch.h"
+#include "events/change_watch.h"
 
 #include "odbc_database.h"
 
