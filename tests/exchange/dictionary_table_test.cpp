@@ -10,8 +10,9 @@ class DictionaryTableTest : public TableTest {
 protected:
     void SetUp() override {
         TableTest::SetUp();
-        if (!IsSkipped())
+        if (!IsSkipped()) {
             ASSERT_TRUE(NORLEX_dictionary::create(db(), L"lit")) << lastError();
+        }
     }
     [[nodiscard]] NORLEX_dictionary lit() const { return {db(), L"lit"}; }
 
