@@ -185,9 +185,11 @@ private:
     }
     void failStatement() {
         m_isLost = m_session->isLost();
-        // class 42: a wrong statement, or one that the user may not run
+        // class 42: a wrong statement, or one that the user may not run; 22: a value in it that
+        // cannot be computed
         const auto& state = m_session->failure().state;
-        m_wasStatementWrong = !m_isLost && state.starts_with("42") && state != "42501";
+        m_wasStatementWrong =
+            !m_isLost && ((state.starts_with("42") && state != "42501") || state.starts_with("22"));
         fail(m_isLost ? "the connection to the server was lost (" + m_session->failure().text + ")"
                       : serverRefusals::ofStatement(m_session->failure()));
     }

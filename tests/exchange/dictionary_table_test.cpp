@@ -18,7 +18,8 @@ protected:
 
     [[nodiscard]] std::wstring entries(const std::wstring& name = L"lit") const {
         std::wstring out;
-        for (const auto& entry : NORLEX_dictionary(db(), name).getValueList())
+        const NORLEX_dictionary dictionary(db(), name);
+        for (const auto& entry : dictionary.getValueList())
             out += entry.code + L"=" + entry.value + L";";
         return out;
     }
@@ -138,6 +139,7 @@ TEST_F(DictionaryTableTest, textThatTheEncodingLacksLeavesTheOldFile) {
 TEST_F(DictionaryTableTest, failedStatementLeavesEverythingAsItWas) {
     const auto path = folder.write(L"t.csv", "1;sand\n2;clay\n");
     failing::statements faults;
+    reopen();
     failing::forEveryFailure(*container, faults, "importFromText", [&] {
         return lit().importFromText(path, {}, 1, 2, report);
     });
