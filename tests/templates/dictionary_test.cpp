@@ -98,6 +98,7 @@ TEST_F(DictionaryTest, entriesAreRenamedAndDeletedByTheirKeys) {
     D lit(db(), L"lit");
     const auto sand = lit.getValueList()[0].id;
     const auto clay = lit.getValueList()[1].id;
+    ASSERT_EQ(lit.getValueByCode(L"1") + lit.getCodeByValue(L"clay"), L"sand2");
     ASSERT_TRUE(lit.renameValue(sand, L"driller's sand") && lit.renameCode(sand, L"11"));
     EXPECT_EQ(entries(lit), L"11=driller's sand;2=clay;");
     EXPECT_EQ(lit.getValueByCode(L"11") + lit.getValueByCode(L"1"), L"driller's sand");
@@ -144,6 +145,8 @@ TEST_F(DictionaryTest, bindingsOutliveTheirDictionary) {
     EXPECT_FALSE(D::createLink(db(), tops, L"hue", L"lit"));
     EXPECT_EQ(D::getDictFromLink(db(), tops, L"hue"), L"colour");
     EXPECT_FALSE(D::isLinkExist(db(), {L"tops", L""}, L"hue")) << "of another group";
+    EXPECT_TRUE(D::createLink(db(), {L"tops", L""}, L"hue", L"lit")) << "of another group";
+    EXPECT_TRUE(D::deleteLink(db(), {L"tops", L""}, L"hue"));
     EXPECT_EQ(D::getDictID(db(), L"g", L"tops", L"rock"), D::getDictID(db(), L"lit"));
     ASSERT_TRUE(D::createInfoLink(db(), L"bed", L"colour"));
     EXPECT_EQ(D::getDictIDFromInfoKey(db(), L"bed"), D::getDictID(db(), L"colour"));
