@@ -87,6 +87,22 @@ enum : unsigned int {
     // Passport keys of wells that were columns of their own once, in the order of those columns.
     passportWellType = 500, // to 525
 
+    // Names of filter types, comparisons and kinds of data in order of their numbers, from 1.
+    filterTypes = 600,
+    filterOperations = 620,
+    filterWellTypes = 640,
+
+    // What a selection tells people.
+    selectionAll = 660,
+    selectionByHand = 661,
+    selectionAnd = 662,
+    selectionOr = 663,
+    selectionInverted = 664,
+    selectionAdded = 665,
+    selectionRemoved = 666,
+    selectionWells = 667,
+    selectionMore = 668,
+
     upgradeFailed = 439,   // %1: path of the database
     upgradeQuestion = 440, // %1: path of the database
 };
