@@ -17,11 +17,12 @@ struct NORLEX_curveDescription {
     std::wstring common_units;
     std::wstring rus_units;
     std::wstring comment;
-    std::wstring type; // kind of log, such as "Gamma ray"
+    std::wstring type; // kind of log, such as "Гамма-каротаж"
 };
 
 // Opens "strategraphy/LAS_methods.db" in the folder of shipped data, or the file given. Without
-// the file every look-up is empty and every change is refused; NORLEX_lastError() says so.
+// the file, which is never made, every look-up is empty and every change is refused;
+// NORLEX_lastError() says so. For look-ups, file and folder need not be writable.
 class NORLEX_API NORLEX_curveIdentification {
 public:
     NORLEX_curveIdentification();
@@ -42,8 +43,9 @@ public:
     // Pairs of mnemonic and synonym, by mnemonic.
     void getSynonymList(std::vector<std::pair<std::wstring, std::wstring>>& synonyms) const;
 
-    // An empty name, a curve that is not in the catalogue and a synonym that is there already are
-    // refused; so is a folder that cannot be written to.
+    // Refused are an empty name, a curve that is not in the catalogue, a new name that is a synonym
+    // or, in any case of letters, a mnemonic already, an old one that is no synonym, and a file or
+    // folder that cannot be written to.
     [[nodiscard]] bool addSynonym(const NORLEX_curveDescription& curve, const std::wstring& name);
     [[nodiscard]] bool editSynonym(const std::wstring& oldName, const std::wstring& newName);
     [[nodiscard]] bool delSynonym(const std::wstring& name);

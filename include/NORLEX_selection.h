@@ -37,8 +37,8 @@ public:
     void descr(const NORLEX_contDescription& container);
     void reloadContainer(const NORLEX_contDescription& container) { descr(container); }
 
-    // The wells, in the order of the first query, then those of later ones, then the added ones;
-    // without queries by work object, field and name.
+    // The wells that the first query found, then those of later ones, then the added ones. What a
+    // query finds is in order of making, what it leaves and all wells by work object, field, name.
     void getWellList(std::vector<NORLEX_wellDescription>& wells);
     [[nodiscard]] std::size_t getWellCount();
     [[nodiscard]] std::vector<std::wstring> getWellIDList();
