@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+class NORLEX_wellContainer;
 class Tts_xml_node;
 
 // A named list of queries.
@@ -23,7 +24,7 @@ struct NORLEX_selectionFilter {
 // the wells added by hand, less those removed by hand. Queries are joined strictly from left to
 // right, without precedence. The list is computed when it is asked for after a change.
 //
-// Each rebuilding opens the container of the description. Where that fails, the list is empty and
+// A rebuilding opens the container of the description. Where that fails, the list is empty and
 // NORLEX_lastError() says why.
 class NORLEX_API NORLEX_selection {
 public:
@@ -45,6 +46,9 @@ public:
     [[nodiscard]] std::wstring getWellIDString(); // keys with commas between them
     // False when the container cannot be read.
     bool rebuildList();
+    // The same through the container where it is open already, as its open transaction sees it.
+    // Another container is refused.
+    bool rebuildList(const NORLEX_wellContainer& container);
 
     // The queries of the active filter, by index from 0. An index outside them changes nothing and
     // yields an empty query.

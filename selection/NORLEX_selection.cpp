@@ -2,6 +2,7 @@
 
 #include "NORLEX_wellContainer.h"
 #include "odbc_database.h"
+#include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "selection/known_wells.h"
 #include "selection/query_evaluation.h"
@@ -48,12 +49,19 @@ void NORLEX_selection::descr(const NORLEX_contDescription& container) {
 }
 
 bool NORLEX_selection::rebuildList() {
+    const NORLEX_wellContainer container(m_container);
+    return rebuildList(container);
+}
+
+bool NORLEX_selection::rebuildList(const NORLEX_wellContainer& container) {
     m_wells.clear();
     m_wellIds.clear();
     outdate();
-    const NORLEX_wellContainer container(m_container);
     if (!container.isOK())
         return false;
+    if (!(container.getContDescription() == m_container))
+        return refuse(L"the selection \"" + m_name + L"\" is of the container "
+                      + m_container.path + L", not of " + container.getConnectionPath());
     wellList geometry;
     queryEvaluation evaluation(*container.getBaseLink(), geometry);
     const bool isByHand = !m_added.empty() || !m_deleted.empty() || !m_geometry.empty();
@@ -63,8 +71,9 @@ bool NORLEX_selection::rebuildList() {
     if (!m_isCustom && queries().empty())
         m_wells = evaluation.allWells();
     else if (!m_isCustom)
-        m_wells = m_isInverted ? wellSet::without(evaluation.allWells(), evaluation.chain(queries()))
-                               : evaluation.chain(queries());
+        m_wells = m_isInverted
+                      ? wellSet::without(evaluation.allWells(), evaluation.chain(queries()))
+                      : evaluation.chain(queries());
     m_wells = wellSet::without(wellSet::joined(std::move(m_wells), known.find(m_added)),
                                known.find(m_deleted));
     updateWellID();

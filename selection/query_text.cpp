@@ -51,17 +51,15 @@ NORLEX_filterOperation positive(NORLEX_filterOperation operation) {
 // By name in any group; without a name, any property of the group.
 std::wstring ofProperty(const NORLEX_query& query) {
     const bool isGroup = query.prop.name.empty() && !query.prop.group.empty();
-    return sql(
-        head,
-        L" FROM property\tLEFT JOIN well_base ON property.w_id = well_base.w_id WHERE ",
-        isGroup ? L"property.p_group = " : L"property.name = ",
-        quotedName(isGroup ? query.prop.group : query.prop.name));
+    return sql(head,
+               L" FROM property\tLEFT JOIN well_base ON property.w_id = well_base.w_id WHERE ",
+               isGroup ? L"property.p_group = " : L"property.name = ",
+               quotedName(isGroup ? query.prop.group : query.prop.name));
 }
 
 // By name; without a name, any template of the data type.
 std::wstring ofTemplate(const NORLEX_query& query) {
-    const std::wstring type =
-        getDataTypeEnum(static_cast<NORLEX_dataType>(query.propTemplateType));
+    const std::wstring type = getDataTypeEnum(static_cast<NORLEX_dataType>(query.propTemplateType));
     const bool isType = query.templateName.empty() && !type.empty();
     return sql(
         head,
@@ -84,22 +82,20 @@ std::wstring ofMeta(const NORLEX_query& query) {
 
 std::wstring ofPassport(const NORLEX_query& query) {
     const auto condition = comparison(query, L"value", positive(query.operation));
-    return condition
-               ? sql(
-                   head,
-                   L" FROM well_base LEFT JOIN well_info_values ON well_base.w_id = well_info_values.w_id LEFT JOIN well_info_struct ON well_info_values.i_id = well_info_struct.i_id WHERE key = ",
-                   quoted(query.fldName),
-                   *condition)
-               : std::wstring();
+    return condition ? sql(
+               head,
+               L" FROM well_base LEFT JOIN well_info_values ON well_base.w_id = well_info_values.w_id LEFT JOIN well_info_struct ON well_info_values.i_id = well_info_struct.i_id WHERE key = ",
+               quoted(query.fldName),
+               *condition)
+                     : std::wstring();
 }
 
 // A code of a dictionary is compared by what it stands for.
 std::wstring ofValue(odbc_database& db, const NORLEX_query& query) {
     const std::uint32_t dictionary =
         NORLEX_dictionary::getDictID(&db, query.prop.group, query.prop.name, query.fldName);
-    const NORLEX_filterOperation operation = query.operation == NORLEX_filterNotContains
-                                                 ? NORLEX_filterContains
-                                                 : query.operation;
+    const NORLEX_filterOperation operation =
+        query.operation == NORLEX_filterNotContains ? NORLEX_filterContains : query.operation;
     const auto condition =
         comparison(query, dictionary == 0 ? L"val.value" : L"dict_values.value", operation);
     if (!condition)
@@ -147,8 +143,7 @@ std::wstring ofWellInfo(const NORLEX_query& query) {
         return sql(
             head, L"FROM well_base WHERE ", exists ? L" x <> 0 AND y <> 0" : L" x = 0 AND y = 0");
     case NORLEX_filterWellAltitude:
-        return sql(
-            head, L"FROM well_base WHERE ", exists ? L" altitude <> 0" : L" altitude = 0");
+        return sql(head, L"FROM well_base WHERE ", exists ? L" altitude <> 0" : L" altitude = 0");
     default:
         break;
     }
@@ -195,10 +190,9 @@ const wchar_t* hours(NORLEX_filterOperation operation) {
 std::wstring ofTime(const NORLEX_query& query) {
     const bool isProperty = query.datetimeObject != 0;
     std::wstring out = sql(head,
-                           isProperty
-                               ? L" FROM well_base LEFT JOIN property ON property.w_id = "
-                                 L"well_base.w_id WHERE "
-                               : L" FROM well_base WHERE ");
+                           isProperty ? L" FROM well_base LEFT JOIN property ON property.w_id = "
+                                        L"well_base.w_id WHERE "
+                                      : L" FROM well_base WHERE ");
     if (isProperty && !query.prop.name.empty())
         out += sql(L"property.name = ",
                    quotedName(query.prop.name),

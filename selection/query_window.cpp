@@ -104,10 +104,8 @@ std::vector<std::wstring> typesOf(odbc_database& db, const NORLEX_query& query) 
     return types;
 }
 
-wellSet::list ofType(odbc_database& db,
-                     NORLEX_dataType type,
-                     const NORLEX_query& query,
-                     const window& depths) {
+wellSet::list
+ofType(odbc_database& db, NORLEX_dataType type, const NORLEX_query& query, const window& depths) {
     using propertyRecords::geometry;
     switch (propertyRecords::geometryOf(type)) {
     case geometry::points:

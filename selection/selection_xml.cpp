@@ -172,10 +172,8 @@ bool read(const Tts_xml_node& node,
     const Tts_xml_node outer = node.child(list.name);
     reader in(outer);
     for (const auto& entry : in.entries(list.name, list.countName))
-        wells.push_back({entry.childText(L"object"),
-                         entry.childText(L"field"),
-                         entry.childText(L"name"),
-                         0});
+        wells.push_back(
+            {entry.childText(L"object"), entry.childText(L"field"), entry.childText(L"name"), 0});
     return in.isOK();
 }
 
@@ -214,9 +212,9 @@ bool NORLEX_selection::load(const std::wstring& path) {
 }
 
 bool NORLEX_selection::load(Tts_xml_node* node) {
-    const Tts_xml_node own = node == nullptr                  ? Tts_xml_node()
+    const Tts_xml_node own = node == nullptr                 ? Tts_xml_node()
                              : node->name() == selectionName ? *node
-                                                              : node->child(selectionName);
+                                                             : node->child(selectionName);
     if (own.isEmpty())
         return refuse(sqlText::sql(L"there is no element \"", selectionName, L"\""));
     reader in(own);

@@ -116,9 +116,8 @@ private:
         addField(L"none", {{1, L"", L""}, {2, L"", everyWell}});
     }
 
-    void addKey(NORLEX_filterType type,
-                const wchar_t* key,
-                const std::vector<comparison>& comparisons) {
+    void
+    addKey(NORLEX_filterType type, const wchar_t* key, const std::vector<comparison>& comparisons) {
         for (const auto& one : comparisons) {
             NORLEX_query& query = add(type, one.operation, one.wells);
             query.fldName = key;
@@ -175,7 +174,8 @@ private:
                 static_cast<NORLEX_filterWellType>(kind);
             ++kind;
         }
-        add(NORLEX_filterTypeWellInfo, 1, L"").wellInfoType = static_cast<NORLEX_filterWellType>(12);
+        add(NORLEX_filterTypeWellInfo, 1, L"").wellInfoType =
+            static_cast<NORLEX_filterWellType>(12);
     }
 
     void addWindow(const NORLEX_propDescription& prop,

@@ -66,7 +66,7 @@ TEST_F(QueryTest, chainsAreFoldedFromTheLeftThenInvertedThenMendedByHand) {
             queryCase one = cases.all()[upTo(cases.all().size())];
             one.query.isLinkAnd = upTo(2) == 0;
             chain.addFilter(one.query);
-            expected = i == 0                 ? one.wells
+            expected = i == 0                ? one.wells
                        : one.query.isLinkAnd ? common(expected, one.wells)
                                              : either(expected, one.wells);
             text += (one.query.isLinkAnd ? "and " : "or ") + told(one.query) + "\n";
@@ -127,8 +127,8 @@ TEST_F(QueryTest, operandsStayOperands) {
             L"UPDATE well_info_values SET value = ", sqlText::quoted(text), L" WHERE w_id = 1")));
         const std::string where = ts::strconv::toUtf8(text.substr(0, 40));
         for (int operation = 1; operation <= 14; ++operation) {
-            const bool finds = operation == 5 || operation == 11 || operation == 13
-                               || operation == 14;
+            const bool finds =
+                operation == 5 || operation == 11 || operation == 13 || operation == 14;
             NORLEX_query query = make(NORLEX_filterTypeValue, operation);
             query.prop = {L"Core", L"Lab"};
             query.fldName = L"name";

@@ -50,8 +50,8 @@ protected:
         selection.getWellList(found);
         std::wstring out;
         for (const auto& one : found)
-            out += one.wellId == static_cast<std::uint32_t>(one.name[0] - L'a' + 1) ? one.name
-                                                                                    : L"!";
+            out +=
+                one.wellId == static_cast<std::uint32_t>(one.name[0] - L'a' + 1) ? one.name : L"!";
         return out;
     }
     static std::wstring sorted(std::wstring text) {
