@@ -43,6 +43,8 @@ constexpr std::array groups{
     group{"many-files", "many small LAS files into one container", bench::manyFiles},
     group{"containers", "making, opening, bulk loading and copying containers", bench::containers},
     group{"records", "records loaded from a table, read, removed; filters", bench::recordMeasures},
+    group{"selection", "selections over all wells of a large container", bench::selectionMeasures},
+    group{"filter", "data filters over all wells of a large container", bench::filterMeasures},
 };
 
 struct request {
@@ -53,10 +55,11 @@ struct request {
 };
 
 void usage(std::FILE* out) {
-    std::fprintf(out,
-                 "usage: welldb_bench [--quick] [--rows N] [--files N] [--repeat N] [--json FILE] "
-                 "[NAME...]\n\n--quick is --rows 100000 --files 200 --repeat 3. Names, all of them "
-                 "by default:\n");
+    std::fprintf(
+        out,
+        "usage: welldb_bench [--quick] [--rows N] [--files N] [--wells N] [--repeat N] [--json FILE] "
+        "[NAME...]\n\n--quick is --rows 100000 --files 200 --wells 1000 --repeat 3. Names, all of them "
+        "by default:\n");
     for (const auto& one : groups)
         std::fprintf(out, "  %-12s %s\n", one.name.data(), one.what.data());
 }
@@ -71,8 +74,10 @@ request parse(const std::vector<std::string_view>& arguments) {
     const struct {
         std::string_view option;
         std::size_t& value;
-    } numbers[] = {
-        {"--rows", out.with.rows}, {"--files", out.with.files}, {"--repeat", out.with.rounds}};
+    } numbers[] = {{"--rows", out.with.rows},
+                   {"--files", out.with.files},
+                   {"--wells", out.with.wells},
+                   {"--repeat", out.with.rounds}};
     for (std::size_t i = 0; i < arguments.size() && out.good; ++i) {
         const auto option = arguments[i];
         const auto isOption = [&](const auto& n) { return n.option == option; };
@@ -82,6 +87,7 @@ request parse(const std::vector<std::string_view>& arguments) {
             out.with.rows = 100'000;
             out.with.files = 200;
             out.with.rounds = 3;
+            out.with.wells = 1000;
         } else if (found != std::end(numbers))
             out.good = ++i < arguments.size() && number(arguments[i], found->value);
         else if (option == "--json" && ++i < arguments.size())

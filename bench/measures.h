@@ -13,6 +13,7 @@ struct settings {
     std::string folder;           // of the inputs and results, without a separator at its end
     std::size_t rows = 1'000'000; // of the large LAS file, of 20 curves
     std::size_t files = 2000;     // small LAS files
+    std::size_t wells = 10'000;   // of the large container
     std::size_t rounds = 5;       // of each pair of figure and limit
 };
 
@@ -28,6 +29,8 @@ using measure = bool (*)(const settings&, std::vector<figure>&);
 [[nodiscard]] bool manyFiles(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool containers(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool recordMeasures(const settings& with, std::vector<figure>& figures);
+[[nodiscard]] bool selectionMeasures(const settings& with, std::vector<figure>& figures);
+[[nodiscard]] bool filterMeasures(const settings& with, std::vector<figure>& figures);
 
 // Prints why a measure could not be taken, with the library's own line; answers false.
 [[nodiscard]] bool failed(const std::string& what);

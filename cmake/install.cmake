@@ -11,7 +11,9 @@ install(TARGETS welldb welldb_api EXPORT welldb
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/welldb)
 install(TARGETS welldb_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY data/planshet DESTINATION ${CMAKE_INSTALL_DATADIR}/welldb)
+install(DIRECTORY data/planshet data/strategraphy DESTINATION ${CMAKE_INSTALL_DATADIR}/welldb
+    PATTERN LAS_methods.csv EXCLUDE)
+install(FILES ${curve_catalogue} DESTINATION ${CMAKE_INSTALL_DATADIR}/welldb/strategraphy)
 
 install(EXPORT welldb NAMESPACE welldb:: DESTINATION ${package_folder} FILE welldbTargets.cmake)
 configure_package_config_file(cmake/welldbConfig.cmake.in ${PROJECT_BINARY_DIR}/welldbConfig.cmake

@@ -2,6 +2,7 @@
 
 #include "NORLEX_lastError.h"
 #include "NORLEX_well.h"
+#include "exchange/curve_types.h"
 #include "exchange/las_import_logs.h"
 #include "exchange/las_import_samples.h"
 #include "exchange/las_import_well.h"
@@ -34,9 +35,10 @@ public:
                const std::wstring& path,
                NORLEX_lasImportResult& result,
                NORLEX_lasfileExt file,
-               wellIndex* letters)
+               wellIndex* letters,
+               const curveTypes& types)
         : m_db(db), m_options(options), m_path(path), m_result(result), m_file(std::move(file)),
-          m_letters(letters) {}
+          m_letters(letters), m_types(types) {}
 
     [[nodiscard]] bool run() {
         if (!m_file.isOK() || !readFile())
@@ -64,6 +66,7 @@ private:
     NORLEX_lasImportResult& m_result;
     NORLEX_lasfileExt m_file;
     wellIndex* m_letters; // null: wells are found by their names alone
+    const curveTypes& m_types;
     exactNotes::notes m_notes;
     lasImportSamples::depth_column m_depths;
     std::vector<lasImportLogs::target> m_targets; // one a curve
@@ -247,7 +250,7 @@ bool las_import::writeLogs(logRecords::maker& logs) {
         const auto& missing = m_notes.curves[i].missing;
         if (!logs.create({m_targets[i].description,
                           curve->getComment(),
-                          lasImportLogs::ownAttributes(*curve),
+                          lasImportLogs::ownAttributes(*curve, m_types),
                           [writer, curve, missing](std::FILE* file) {
                               return writer->write(file, *curve, missing);
                           },
@@ -321,6 +324,8 @@ NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path) {
 NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path,
                                                     const std::wstring& next) {
     NORLEX_lasImportResult result;
+    if (!m_types)
+        m_types = std::make_unique<curveTypes>();
     refuse({}); // so that the line found afterwards is of this file
     if (m_db == nullptr) {
         refuse(L"cannot import " + path + L": no database is open");
@@ -330,7 +335,9 @@ NORLEX_lasImportResult NORLEX_lasImport::importFile(const std::wstring& path,
             readAhead(next);
         result.ok =
             readLetters()
-            && las_import(*m_db, m_options, path, result, std::move(file), m_letters.get()).run();
+            && las_import(
+                   *m_db, m_options, path, result, std::move(file), m_letters.get(), *m_types)
+                   .run();
         if (result.ok && result.wellCreated && !m_options.dryRun && m_letters)
             m_letters->add(lettersOf(result.well.name), result.well);
         shrinkMemory();

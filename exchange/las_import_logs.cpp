@@ -1,5 +1,6 @@
 #include "exchange/las_import_logs.h"
 
+#include "exchange/curve_types.h"
 #include "exchange/las_import_well.h"
 #include "odbc_database.h"
 #include "platform/numbers.h"
@@ -49,6 +50,11 @@ metadata::pairs commonAttributes(const NORLEX_lasfileExt& file) {
     return out;
 }
 
+// As the file has it: a name that another curve has already is another one here.
+std::wstring mnemonicOf(const NORLEX_lasCurve& curve) {
+    return curve.getCurvesCount() > 0 ? curve.getCurveDescByIndex(0).mnemonic : curve.getName();
+}
+
 } // namespace
 
 std::vector<target>
@@ -70,9 +76,11 @@ double metresInDepth(const NORLEX_lasfileExt& file) {
     return lasImportWell::metresIn(depthUnit(file)).value_or(1.0);
 }
 
-metadata::pairs ownAttributes(const NORLEX_lasCurve& curve) {
+metadata::pairs ownAttributes(const NORLEX_lasCurve& curve, const curveTypes& types) {
     metadata::pairs out;
     out.emplace_back(headerAttributes::units, curve.getUnits());
+    if (const auto type = types.of(mnemonicOf(curve)); !type.empty())
+        out.emplace_back(headerAttributes::type, type);
     for (std::size_t i = 0; i < curve.getCurvesCount(); ++i)
         headerAttributes::add(out, headerAttributes::block::curve, curve.getCurveDescByIndex(i));
     return out;

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+class curveTypes;
 class odbc_database;
 
 namespace lasImportLogs {
@@ -31,8 +32,9 @@ targets(const NORLEX_lasfileExt& file, const std::wstring& group, const exactNot
 // no length.
 [[nodiscard]] double metresInDepth(const NORLEX_lasfileExt& file);
 
-// What only one log has: its unit and its entry of the ~C block.
-[[nodiscard]] metadata::pairs ownAttributes(const NORLEX_lasCurve& curve);
+// What only one log has: its unit, its type where the catalogue knows it, and its entry of the ~C
+// block.
+[[nodiscard]] metadata::pairs ownAttributes(const NORLEX_lasCurve& curve, const curveTypes& types);
 
 // Gives logs of a well that were just created what is the same for all of them: the null value, the
 // depth unit, the ~W and the ~P block. A header is spelled into a statement once and copied from

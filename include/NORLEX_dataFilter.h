@@ -34,7 +34,8 @@ public:
     void reloadTree(TreeNode<filterCondition>* tree);
 
     // The wells with hits, in the order of the selection. False, without wells, when container or
-    // tree is missing, or the tree is nested deeper than the engine can take.
+    // tree is missing, and when the tree cannot be evaluated: it has no conditions, is nested
+    // deeper than the engine can take, or compares a numeric field with what is no number.
     bool getInfoForFilterConditions(std::vector<NORLEX_wellFilterDepths>& wells);
     // The same for the intervals of the listed columns alone.
     bool getInfoForFilterConditionsWithColumns(std::vector<NORLEX_wellFilterDepths>& wells,

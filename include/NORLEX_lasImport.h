@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+class curveTypes;
 class odbc_database;
 class wellIndex;
 
@@ -55,7 +56,8 @@ struct NORLEX_lasImportResult {
 // not at all. The well is found by work object, field and name, or as the options say, or created;
 // a new well takes its position and altitude from the header where it has them. Several wells that
 // are alike by their letters are refused. Depths in feet are stored in metres.
-// Samples are stored in increasing measured depth with the file's null value as "missing".
+// Samples are stored in increasing measured depth with the file's null value as "missing". A log
+// whose name the shipped catalogue of curves knows has its type as the attribute "TYPE".
 class NORLEX_API NORLEX_lasImport {
 public:
     NORLEX_lasImport(odbc_database* db, NORLEX_lasImportOptions options);
@@ -81,5 +83,6 @@ private:
     NORLEX_lasImportOptions m_options;
     std::unique_ptr<ahead> m_ahead;
     std::unique_ptr<wellIndex> m_letters; // wells by the letters of their names, read once
+    std::unique_ptr<curveTypes> m_types;  // of curves, read once
     unsigned m_files = 0;                 // imported so far
 };

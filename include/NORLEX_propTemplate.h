@@ -10,9 +10,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+class NORLEX_selection;
 class odbc_database;
 
 // Opened by name; isOK() tells whether the template was found. The database is not owned.
@@ -74,10 +76,13 @@ public:
     [[nodiscard]] static bool
     renameTemplate(odbc_database* db, const std::wstring& oldName, const std::wstring& newName);
 
-    // Templates, by name. A list of wells limits them to those that the wells' properties are of.
+    // Templates, by name. A list of wells limits them to those that the wells' properties are of,
+    // and so does a selection; no selection has no wells.
     [[nodiscard]] static std::vector<std::wstring> getTemplateList(odbc_database* db);
     [[nodiscard]] static std::vector<std::wstring>
     getTemplateList(odbc_database* db, const std::vector<std::uint32_t>& wells);
+    [[nodiscard]] static std::vector<std::wstring>
+    getTemplateList(odbc_database* db, const std::shared_ptr<NORLEX_selection>& wells);
     [[nodiscard]] static std::vector<std::wstring> getTemplateListForType(odbc_database* db,
                                                                           NORLEX_dataType type);
     [[nodiscard]] static std::vector<std::wstring> getTemplateGroupLoadList(odbc_database* db);
@@ -144,6 +149,8 @@ public:
     getPropertyFromType(odbc_database* db, NORLEX_dataType type);
     [[nodiscard]] static std::vector<NORLEX_propDescription> getPropertyFromType(
         odbc_database* db, NORLEX_dataType type, const std::vector<std::uint32_t>& wells);
+    [[nodiscard]] static std::vector<NORLEX_propDescription> getPropertyFromType(
+        odbc_database* db, NORLEX_dataType type, const std::shared_ptr<NORLEX_selection>& wells);
     // Wells that have properties of the template, or this one; by work object, field and name.
     [[nodiscard]] static std::vector<NORLEX_wellDescription>
     getWellsFromTemplate(odbc_database* db, const std::wstring& name);

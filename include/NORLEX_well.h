@@ -23,6 +23,7 @@ class NORLEX_wellConstruction;
 class NORLEX_wellDrilling;
 class globalEventObserver;
 struct NORLEX_VDMtableOptions;
+struct NORLEX_def_strato_options;
 struct eventMsgDescription;
 struct NORLEX_inclRead_descr;
 class odbc_database;
@@ -257,6 +258,10 @@ public:
                                                const std::wstring& field,
                                                const NORLEX_intervalOptions& options,
                                                const NORLEX_propDescription& result);
+    // A stratigraphic column of index expressions: a record for each interval of the source, with
+    // its depths, its expression, and for each level the units that it lies in. What is not in the
+    // chart leaves the levels empty.
+    [[nodiscard]] bool makeDefaultStratoLayer(const NORLEX_def_strato_options& options);
     // Adds the rows of a table to a property, which is made from the template where it is not
     // there.
     [[nodiscard]] bool appendDataFromReader(tableRW::tableReader& reader,

@@ -4,13 +4,28 @@
 #include "NORLEX_checkFinding.h"
 #include "NORLEX_contDescription.h"
 #include "NORLEX_export.h"
+#include "NORLEX_propDescription.h"
+#include "NORLEX_wellDescription.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
+class NORLEX_selection;
 class odbc_database;
+
+namespace strategraphy {
+class statoTable;
+}
+
+// What became of one well of a bulk export.
+struct NORLEX_exportedWell {
+    NORLEX_wellDescription well;
+    std::wstring path;   // of its file; empty where it has no logs
+    std::wstring reason; // why it was not written; empty where it was
+};
 
 enum class NORLEX_versionStatus : int { current = 0, needsUpgrade = 1, unreadable = 2 };
 
@@ -67,6 +82,10 @@ public:
     [[nodiscard]] std::wstring getUpdateDate() const;
     [[nodiscard]] std::wstring getUpdateUser() const;
 
+    // The stratigraphic chart, which is read when it is first asked for, and again while it could
+    // not be read. Never null.
+    [[nodiscard]] std::shared_ptr<const strategraphy::statoTable> getStrategraphy();
+
     // The container's projection, a PROJ.4 text.
     [[nodiscard]] std::wstring getProjection() const;
     [[nodiscard]] bool setProjection(const std::wstring& projection);
@@ -82,6 +101,30 @@ public:
     [[nodiscard]] bool updateEditTimeProp(const std::wstring& wellKeys,
                                           const std::wstring& propName,
                                           const std::wstring& propGroup);
+
+    // Operations on the wells of a selection of this container, which is computed anew. No
+    // selection, one of another container and one that cannot be computed are refused.
+    [[nodiscard]] bool updateEditTimeWell(const std::shared_ptr<NORLEX_selection>& wells);
+    [[nodiscard]] bool updateEditTimeProp(const std::shared_ptr<NORLEX_selection>& wells,
+                                          const NORLEX_propDescription& prop);
+    // The properties of the wells, each once, by group and name; the templates of these, by name.
+    [[nodiscard]] bool getPropertyList(const std::shared_ptr<NORLEX_selection>& wells,
+                                       std::vector<NORLEX_propDescription>& properties) const;
+    [[nodiscard]] bool getTemplateList(const std::shared_ptr<NORLEX_selection>& wells,
+                                       std::vector<std::wstring>& templates) const;
+    // Deletes the property wherever the wells have it, in one transaction, and announces that once.
+    // `removed` counts the wells that had it.
+    [[nodiscard]] bool removeProperty(const std::shared_ptr<NORLEX_selection>& wells,
+                                      const NORLEX_propDescription& prop,
+                                      std::size_t& removed);
+    // Writes the logs of each well that has some into a LAS file of its own in the folder, which is
+    // made where it lacks: NAME.las, or OBJECT-FIELD-NAME.las where several of the wells bear one
+    // name. `exact` as in NORLEX_well::exportLASExact. A file that cannot be written does not keep
+    // the others back; false when one could not, or the user stopped it.
+    [[nodiscard]] bool exportLAS(const std::shared_ptr<NORLEX_selection>& wells,
+                                 const std::wstring& folder,
+                                 bool exact,
+                                 std::vector<NORLEX_exportedWell>& files) const;
 
     // Drop the schema's three indexes before a bulk load; build them again after it, and let the
     // engine look at how the rows are distributed.
@@ -133,4 +176,5 @@ private:
     NORLEX_contDescription m_description;
     std::unique_ptr<odbc_database> m_db;
     std::unique_ptr<openFile> m_openFile;
+    std::shared_ptr<const strategraphy::statoTable> m_strategraphy;
 };

@@ -24,12 +24,13 @@ std::wstring libraryFolder() {
                                      : files::folderOf(files::wide(info.dli_fname));
 }
 
-// Beside the library, where it is installed, and in the source tree of a build.
+// Beside the library, where it is installed, and in the build tree, for programs that are linked to
+// the library's parts and lie elsewhere.
 std::vector<std::wstring> candidates() {
     const std::wstring library = libraryFolder();
     return {library + L"data/",
             library + files::wide(WELLDB_DATA_FROM_LIBRARY),
-            files::wide(WELLDB_SOURCE_DATA)};
+            files::wide(WELLDB_BUILT_DATA)};
 }
 
 } // namespace

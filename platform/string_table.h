@@ -103,6 +103,8 @@ enum : unsigned int {
     selectionWells = 667,
     selectionMore = 668,
 
+    taxonTypes = 680, // levels of the stratigraphic chart, in order of their numbers from 0
+
     upgradeFailed = 439,   // %1: path of the database
     upgradeQuestion = 440, // %1: path of the database
 };

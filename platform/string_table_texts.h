@@ -145,6 +145,17 @@ inline constexpr std::array entries{
     entry{667, L"Скважин", L"Wells"},
     entry{668, L"и ещё", L"and more"},
 
+    entry{680, L"не определен", L"undefined"},
+    entry{681, L"Акротема", L"Acrothem"},
+    entry{682, L"Эонотема", L"Eonothem"},
+    entry{683, L"Подэонотема", L"Subeonothem"},
+    entry{684, L"Эратема", L"Erathem"},
+    entry{685, L"Система", L"System"},
+    entry{686, L"Подсистема", L"Subsystem"},
+    entry{687, L"Отдел", L"Series"},
+    entry{688, L"Подотдел", L"Subseries"},
+    entry{689, L"Ярус", L"Stage"},
+
     entry{1901, L"Глубина", L"Depth"},
     entry{1902, L"Кровля", L"Top"},
     entry{1903, L"Подошва", L"Bottom"},

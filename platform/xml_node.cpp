@@ -70,6 +70,26 @@ bool isText(pugi::xml_node node) {
     return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
 }
 
+// Whether elements stand inside each other so deeply that indenting them would make a file of a
+// size that grows with the square of it.
+bool isDeep(const pugi::xml_document& xml) {
+    constexpr int deepest = 200;
+    int depth = 0;
+    for (pugi::xml_node at = xml.first_child(); !at.empty() && depth <= deepest;) {
+        if (const pugi::xml_node below = at.first_child(); !below.empty()) {
+            at = below;
+            ++depth;
+            continue;
+        }
+        while (!at.empty() && at.next_sibling().empty()) {
+            at = at.parent();
+            --depth;
+        }
+        at = at.next_sibling();
+    }
+    return depth > deepest;
+}
+
 struct fileWriter : pugi::xml_writer {
     explicit fileWriter(std::FILE* to) : file(to) {}
     void write(const void* data, std::size_t size) override {
@@ -118,7 +138,9 @@ bool Tts_xml_node::save(const std::wstring& path) const {
         return refuse(L"\"" + path + L"\" is not written: there is no document to save");
     return files::replace(path, [this](std::FILE* file) {
         constexpr std::string_view declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-        constexpr unsigned int form = pugi::format_indent | pugi::format_no_declaration;
+        const unsigned int form =
+            pugi::format_no_declaration
+            | (isDeep(m_document->xml) ? pugi::format_raw : pugi::format_indent);
         fileWriter writer(file);
         writer.write(declaration.data(), declaration.size());
         m_document->xml.save(writer, "\t", form, pugi::encoding_utf8);

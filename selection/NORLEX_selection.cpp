@@ -60,8 +60,8 @@ bool NORLEX_selection::rebuildList(const NORLEX_wellContainer& container) {
     if (!container.isOK())
         return false;
     if (!(container.getContDescription() == m_container))
-        return refuse(L"the selection \"" + m_name + L"\" is of the container "
-                      + m_container.path + L", not of " + container.getConnectionPath());
+        return refuse(L"the selection \"" + m_name + L"\" is of the container " + m_container.path
+                      + L", not of " + container.getConnectionPath());
     wellList geometry;
     queryEvaluation evaluation(*container.getBaseLink(), geometry);
     const bool isByHand = !m_added.empty() || !m_deleted.empty() || !m_geometry.empty();

@@ -34,28 +34,43 @@ std::wstring ofProperty(const NORLEX_query& query) {
                quotedName(query.prop.group));
 }
 
-wellSet::list points(odbc_database& db, const NORLEX_query& query, const window& depths) {
+// The joins are made in this order, from the properties of the name: with another one the engine
+// reads all values of a container, and without statistics it takes such a one.
+wellSet::list ofRecords(odbc_database& db,
+                        const NORLEX_query& query,
+                        const wchar_t* table,
+                        const std::wstring& condition) {
     return queryRows::read(
         db,
         sql(queryText::head,
-            L"FROM well_base LEFT JOIN property ON property.w_id = well_base.w_id LEFT JOIN field ON field.pr_id = property.pr_id LEFT JOIN val ON val.f_id = field.f_id LEFT JOIN point_data ON point_data.obj_id = val.obj_id",
+            L"FROM well_base WHERE well_base.w_id IN (SELECT property.w_id FROM property CROSS JOIN field CROSS JOIN val CROSS JOIN ",
+            table,
             ofProperty(query),
-            L" AND point_data.depth_abs <=",
-            number(depths.to),
-            L" AND point_data.depth_abs >=",
-            number(depths.from)));
+            L" AND field.pr_id = property.pr_id AND val.f_id = field.f_id AND ",
+            table,
+            L".obj_id = val.obj_id",
+            condition,
+            L")"));
+}
+
+wellSet::list points(odbc_database& db, const NORLEX_query& query, const window& depths) {
+    return ofRecords(db,
+                     query,
+                     L"point_data",
+                     sql(L" AND point_data.depth_abs <=",
+                         number(depths.to),
+                         L" AND point_data.depth_abs >=",
+                         number(depths.from)));
 }
 
 wellSet::list intervals(odbc_database& db, const NORLEX_query& query, const window& depths) {
-    return queryRows::read(
-        db,
-        sql(queryText::head,
-            L"FROM well_base LEFT JOIN property ON property.w_id = well_base.w_id LEFT JOIN field ON field.pr_id = property.pr_id LEFT JOIN val ON val.f_id = field.f_id LEFT JOIN interval_data ON interval_data.obj_id = val.obj_id",
-            ofProperty(query),
-            L" AND interval_data.bot_abs <=",
-            number(depths.to),
-            L" AND interval_data.top_abs >=",
-            number(depths.from)));
+    return ofRecords(db,
+                     query,
+                     L"interval_data",
+                     sql(L" AND interval_data.bot_abs <=",
+                         number(depths.to),
+                         L" AND interval_data.top_abs >=",
+                         number(depths.from)));
 }
 
 // Picks of the correlation that bears the property's name.

@@ -124,4 +124,5 @@ TEST(ModulePath, isTheChosenFolderElseTheOneThatHoldsTheData) {
     const std::wstring found = ts_options_get_main_module_path();
     EXPECT_EQ(found.back(), L'/');
     EXPECT_TRUE(files::isFolder(found + L"planshet"));
+    EXPECT_TRUE(files::isFile(found + L"strategraphy/LAS_methods.db"));
 }

@@ -46,7 +46,8 @@ os.environ.pop("WELLDB_DATA", None)
 run(cmake, "--install", build, "--prefix", work / "staged")
 prefix = work / "moved"  # nothing in the package may remember where it was installed first
 (work / "staged").rename(work / "moved")
-for shipped in ("include/welldb/NORLEX_wellContainer.h", "share/welldb/planshet"):
+for shipped in ("include/welldb/NORLEX_wellContainer.h", "share/welldb/planshet",
+                "share/welldb/strategraphy/LAS_methods.db"):
     if not (prefix / shipped).exists():
         sys.exit(f"not installed: {shipped}")
 
