@@ -45,6 +45,7 @@ constexpr std::array groups{
     group{"records", "records loaded from a table, read, removed; filters", bench::recordMeasures},
     group{"selection", "selections over all wells of a large container", bench::selectionMeasures},
     group{"filter", "data filters over all wells of a large container", bench::filterMeasures},
+    group{"correlation", "picks and intervals of a large container", bench::correlationMeasures},
 };
 
 struct request {

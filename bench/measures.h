@@ -31,6 +31,7 @@ using measure = bool (*)(const settings&, std::vector<figure>&);
 [[nodiscard]] bool recordMeasures(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool selectionMeasures(const settings& with, std::vector<figure>& figures);
 [[nodiscard]] bool filterMeasures(const settings& with, std::vector<figure>& figures);
+[[nodiscard]] bool correlationMeasures(const settings& with, std::vector<figure>& figures);
 
 // Prints why a measure could not be taken, with the library's own line; answers false.
 [[nodiscard]] bool failed(const std::string& what);

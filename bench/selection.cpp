@@ -84,9 +84,9 @@ bool window(const settings& with,
 
 bool selectionMeasures(const settings& with, std::vector<figure>& figures) {
     return chain(with, figures)
-           && window(with, "depth window on points", L"exists G/P-2 from -1500 to -1400", figures)
+           && window(with, "depth window on points", L"exists G/P-2 from -1500 to -1200", figures)
            && window(
-               with, "depth window on intervals", L"exists G/P-8 from -1500 to -1400", figures);
+               with, "depth window on intervals", L"exists G/P-8 from -1500 to -1200", figures);
 }
 
 } // namespace bench
