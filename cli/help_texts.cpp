@@ -8,7 +8,7 @@ const char* const programFooter =
     "A well is named OBJECT/FIELD/NAME, or NAME alone where only one well bears it; a property\n"
     "GROUP/NAME or NAME alone; \\/ is a slash inside a name. Results are tables, or JSON with\n"
     "--json. Exit codes: 0 done, 1 refused or failed (one line on standard error says why), 2 wrong\n"
-    "usage.\n"
+    "usage. \"welldb help COMMAND\" tells more of a command.\n"
     "\n"
     "Examples:\n"
     "  welldb create field.well2\n"
@@ -177,14 +177,6 @@ const helpText wellRemove{
     "remove a well with all its data",
     "Removes a well with its survey, its properties and all their files. It does not ask.",
     "welldb well remove field.well2 --well North/Deep/12",
-};
-
-const helpText props{
-    "props",
-    "list the properties of a well",
-    "Lists the properties of a well: logs and every other kind, with their template, unit, number "
-    "of records and extent in measured depth.",
-    "welldb props field.well2 --well 12 --json",
 };
 
 const helpText data{

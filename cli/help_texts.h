@@ -29,7 +29,6 @@ extern const helpText wellAdd;
 extern const helpText wellSet;
 extern const helpText wellRename;
 extern const helpText wellRemove;
-extern const helpText props;
 extern const helpText data;
 extern const helpText depth;
 

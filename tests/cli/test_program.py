@@ -159,6 +159,11 @@ class ContainerTest(ProgramTest):
         self.done("create", self.file, "--force")
         self.assertEqual(self.json("wells", self.file), [])
 
+    def test_help_is_a_word_too(self):
+        self.assertEqual(self.done("help"), self.done("--help"))
+        self.assertEqual(self.done("help", "import", "las"), self.done("import", "las", "--help"))
+        self.refused("help", "none", code=2, says=("none",))
+
     def test_info(self):
         self.withLog()
         info = self.json("info", self.file)

@@ -56,13 +56,15 @@ TEST_F(TemplateTest, whoUsesATemplate) {
     EXPECT_EQ(joined(T::getExistTypeList(db())), L"2,1"); // by stored name; one is of no template
     EXPECT_EQ(joined(T::getTemplateList(db(), {2, 3})), L"Маркер");
     EXPECT_EQ(joined(T::getTemplateList(db(), {1})), L"Интервал,Маркер");
-    EXPECT_EQ(joined(T::getTemplateList(db(), {})), L"");
+    EXPECT_EQ(joined(T::getTemplateList(db(), std::vector<std::uint32_t>())), L"");
     EXPECT_EQ(T::getNumWellsWithProps(db(), L"Маркер"), 3);
     EXPECT_EQ(T(db(), L"Интервал").numProps(), 1);
     EXPECT_EQ(joined(T::getPropertyFromTemplate(db(), L"Маркер")), L"/own,g/tops");
     EXPECT_EQ(joined(T::getPropertyFromType(db(), NORLEX_dataTypeInterval)), L"g/beds");
     EXPECT_EQ(joined(T::getPropertyFromType(db(), NORLEX_dataTypeMarker, {1, 2})), L"g/tops");
-    EXPECT_EQ(joined(T::getPropertyFromType(db(), NORLEX_dataTypeMarker, {})), L"");
+    EXPECT_EQ(
+        joined(T::getPropertyFromType(db(), NORLEX_dataTypeMarker, std::vector<std::uint32_t>())),
+        L"");
     EXPECT_EQ(joined(T::getWellsFromTemplate(db(), L"Маркер")), L"A/W-33,F/W-11,F/W-22");
     EXPECT_EQ(joined(T::getWellsFromTemplate(db(), L"Маркер", {L"tops", L"g"})), L"F/W-11,F/W-22");
     EXPECT_EQ(joined(T::getWellsFromTemplate(db(), L"Маркер", {L"tops", L""})), L"");
