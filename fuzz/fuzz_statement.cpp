@@ -3,6 +3,7 @@
 #include "platform/postgres_dialect.h"
 #include "platform/sql_tokens.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -22,6 +23,11 @@ std::vector<std::string_view> literalsOf(std::string_view text) {
         if (token.type == sqlTokens::kind::literal)
             out.push_back(text.substr(token.begin, token.end - token.begin));
     return out;
+}
+
+// One that is not closed swallows what is put behind it; a server refuses it.
+bool isClosed(const std::vector<std::string_view>& literals) {
+    return literals.empty() || std::ranges::count(literals.back(), '\'') % 2 == 0;
 }
 
 // Literals may be added in between, such as the empty one of an ESCAPE.
@@ -47,6 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (first.is != shape::statement)
         return 0;
     require(adapt(first.text).is == shape::statement);
-    require(holdsInOrder(literalsOf(first.text), literalsOf(text)));
+    const auto literals = literalsOf(text);
+    require(!isClosed(literals) || holdsInOrder(literalsOf(first.text), literals));
     return 0;
 }

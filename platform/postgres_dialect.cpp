@@ -80,7 +80,7 @@ private:
 
     // True and false for a NULL too, as the local engine has it.
     void emptyList(std::size_t i) {
-        if (!m.is(i, "IN") || !m.is(i + 1, "(") || m.partner(i + 1) != i + 2)
+        if (!m.is(i, "IN") || !m.is(i + 1, "(") || !m.is(i + 2, ")"))
             return;
         if (i > 0 && m.is(i - 1, "NOT"))
             m.replace(i - 1, i + 2, "<> ALL('{}')");

@@ -65,6 +65,9 @@ std::string statement_editor::result() {
         out.append(m_text, at, one.begin - at);
         out += one.with;
         at = one.end;
+        // two literals without a blank between them would be one
+        if (one.with.ends_with('\'') && at < m_text.size() && m_text[at] == '\'')
+            out += ' ';
     }
     return out.append(m_text, at);
 }
