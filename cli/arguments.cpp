@@ -1,9 +1,14 @@
 #include "cli/arguments.h"
 
 #include "cli/add_command.h"
+#include "cli/arguments_bulk.h"
 #include "cli/arguments_construction.h"
+#include "cli/arguments_correlation.h"
+#include "cli/arguments_curves.h"
 #include "cli/arguments_derive.h"
 #include "cli/arguments_dict.h"
+#include "cli/arguments_select.h"
+#include "cli/arguments_strat.h"
 #include "cli/arguments_survey.h"
 #include "cli/arguments_tables.h"
 #include "cli/arguments_template.h"
@@ -119,6 +124,7 @@ void addExchangeCommands(CLI::App& app, command& chosen) {
     addSurveyImport(import, chosen);
     CLI::App& group = addGroup(app, helpTexts::exportCommand);
     addCommand(group, chosen, helpTexts::exportLas, commands::exportLas, exportLasOptions);
+    addBulkExport(group, chosen);
     addTableCommands(import, group, chosen);
 }
 
@@ -193,15 +199,26 @@ void checkDepth(const depthRequest& request) {
 }
 
 void addDataCommands(CLI::App& app, command& chosen) {
-    const auto options = [](CLI::App& c, wellRequest& r) {
-        addFile(c, r.file);
-        addWell(c, r.well);
-        addJson(c, r.form);
-    };
-    addCommand(app, chosen, helpTexts::props, commands::props, options);
+    addPropertyCommands(app, chosen);
     addCommand(app, chosen, helpTexts::data, commands::data, dataOptions, checkData);
     addSurveyCommand(app, chosen);
     addCommand(app, chosen, helpTexts::depth, commands::depth, depthOptions, checkDepth);
+}
+
+// "help COMMAND" is the command's "--help"; of a command that is not there the parser says so.
+void askForHelp(const CLI::App& app, std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments.back() != "help")
+        return;
+    arguments.pop_back();
+    const CLI::App* command = &app;
+    for (auto word = arguments.rbegin(); word != arguments.rend(); ++word) {
+        const auto below =
+            command->get_subcommands([&](const CLI::App* one) { return one->get_name() == *word; });
+        if (below.empty())
+            return;
+        command = below.front();
+    }
+    arguments.insert(arguments.begin(), "--help");
 }
 
 // Why the parser stopped. Where a command is missing or unknown, its own words do not say which.
@@ -246,11 +263,16 @@ std::function<int()> parseArguments(int argc, const char* const* argv, int& exit
     addConstructionCommands(app, chosen);
     addTemplateCommands(app, chosen);
     addDictCommands(app, chosen);
+    addSelectCommands(app, chosen);
+    addCurveCommands(app, chosen);
+    addCorrelationCommands(app, chosen);
+    addStratCommands(app, chosen);
     titleCommands(app, "Wells and their data");
 
     std::vector<std::string> arguments; // the last one first, as the parser takes them
     for (int i = argc - 1; i > 0; --i)
         arguments.push_back(guarded(argv[i]));
+    askForHelp(app, arguments);
     try {
         app.parse(arguments);
     } catch (const CLI::ParseError& error) {

@@ -104,7 +104,7 @@ bool announceData(odbc_database& db,
 
 NORLEX_corInterval::NORLEX_corInterval(const NORLEX_contDescription& container,
                                        std::vector<NORLEX_wellDescription> wells,
-                                       NORLEX_propDescription property,
+                                       const NORLEX_propDescription& property,
                                        NORLEX_dataDirection direction)
     : m_container(std::make_unique<NORLEX_wellContainer>(container)), m_wells(std::move(wells)),
       m_property(names::plain(property)), m_direction(direction) {}

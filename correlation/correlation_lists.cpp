@@ -13,6 +13,7 @@ namespace {
 
 std::vector<std::wstring> namesOf(const std::vector<borderName>& borders) {
     std::vector<std::wstring> out;
+    out.reserve(borders.size());
     for (const auto& one : borders)
         out.push_back(one.name);
     return out;

@@ -49,16 +49,13 @@ bool findPresent(odbc_database& db,
     while (rows->next()) {
         const auto wellId = static_cast<std::uint32_t>(rows->get_counter(1));
         const bool isBorder = getDataTypeByEnum(rows->get_text(3)) == NORLEX_dataTypeBorder;
-        if (!missing.contains(wellId))
+        if (!missing.contains(wellId) || rows->get_text(2) != prop.group)
             continue;
-        if (isBorder && rows->get_text(2) != prop.group)
-            return refuseGroup(prop, rows->get_text(2));
-        if (rows->get_text(2) != prop.group)
-            continue;
-        const auto well = std::ranges::find(wells, wellId, &NORLEX_wellDescription::wellId);
-        if (!isBorder)
+        if (!isBorder) {
+            const auto well = std::ranges::find(wells, wellId, &NORLEX_wellDescription::wellId);
             return refuse(L"the well " + names::shown(*well) + L" has a property "
                           + names::shown(prop) + L" of another kind; another name is expected");
+        }
         out.keys.push_back(rows->get_counter(0));
         missing.erase(wellId);
     }

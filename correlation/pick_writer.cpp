@@ -242,6 +242,7 @@ bool pickWriter::stamp() {
     for (const auto& one : m_pending)
         used.insert(one.wellId);
     std::vector<NORLEX_wellDescription> wells;
+    wells.reserve(used.size());
     for (const std::uint32_t id : used)
         wells.push_back(m_wells[id].names);
     mirrors::found have;

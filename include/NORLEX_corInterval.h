@@ -27,7 +27,7 @@ public:
 
     NORLEX_corInterval(const NORLEX_contDescription& container,
                        std::vector<NORLEX_wellDescription> wells,
-                       NORLEX_propDescription property,
+                       const NORLEX_propDescription& property,
                        NORLEX_dataDirection direction);
     ~NORLEX_corInterval();
     NORLEX_corInterval(const NORLEX_corInterval&) = delete;

@@ -19,7 +19,7 @@ struct index {
     std::wstring_view columns;
 };
 
-constexpr std::array<index, 9> indexes = {{
+constexpr std::array<index, 11> indexes = {{
     {L"well_name_search", L"well_base (name)"},
     {L"property_well_search", L"property (w_id)"},
     {L"property_template_search", L"property (bt_id)"},
@@ -29,6 +29,8 @@ constexpr std::array<index, 9> indexes = {{
     {L"inclinometry_well_search", L"inclinometry (w_id)"},
     {L"passport_well_search", L"well_info_values (w_id)"},
     {L"vdm_well_search", L"vdm_data (w_id)"},
+    {L"pick_well_search", L"correlation_data (w_id)"},
+    {L"pick_border_search", L"correlation_data (b_id)"},
 }};
 
 } // namespace
