@@ -33,31 +33,39 @@ pickWriter::pickWriter(corEdit& edit, onExistingPick onExisting)
     : m_edit(edit), m_onExisting(onExisting) {}
 
 bool pickWriter::open() {
-    m_straight.emplace(&m_edit.db(), 0); // of no well, so that it has no stations
-    return readWells() && readBorders() && (m_borders.empty() || readPicks());
+    return readWells() && readStations() && readBorders() && (m_borders.empty() || readPicks());
 }
 
 bool pickWriter::readWells() {
     auto& db = m_edit.db();
-    {
-        const auto rows =
-            db.query(L"SELECT w_id, work_object, field, name, altitude FROM well_base");
-        if (!rows)
-            return refuseUnread(db, L"the wells");
-        while (rows->next()) {
-            const auto id = static_cast<std::uint32_t>(rows->get_counter(0));
-            auto& one = m_wells[id];
-            one.names = {rows->get_text(1), rows->get_text(2), rows->get_text(3), id};
-            one.altitude = rows->get_double(4);
-        }
+    const auto rows =
+        db.query(L"SELECT w_id, work_object, field, name, altitude, x, y FROM well_base");
+    if (!rows)
+        return refuseUnread(db, L"the wells");
+    while (rows->next()) {
+        const auto id = static_cast<std::uint32_t>(rows->get_counter(0));
+        auto& one = m_wells[id];
+        one.names = {rows->get_text(1), rows->get_text(2), rows->get_text(3), id};
+        one.head = {rows->get_double(4), rows->get_double(5), rows->get_double(6)};
     }
-    const auto rows = db.query(L"SELECT distinct(w_id) FROM inclinometry");
+    return true;
+}
+
+// All at once: the table has no index by well.
+bool pickWriter::readStations() {
+    auto& db = m_edit.db();
+    const auto rows =
+        db.query(L"SELECT w_id, depth, angle, azimuth FROM inclinometry ORDER BY depth");
     if (!rows)
         return refuseUnread(db, L"the surveys");
     while (rows->next())
         if (const auto found = m_wells.find(static_cast<std::uint32_t>(rows->get_counter(0)));
-            found != m_wells.end())
-            found->second.hasStations = true;
+            found != m_wells.end()) {
+            inclData& station = found->second.stations.emplace_back();
+            station.depth = rows->get_double(1);
+            station.angle = rows->get_double(2);
+            station.azimuth = rows->get_double(3);
+        }
     return true;
 }
 
@@ -89,15 +97,12 @@ bool pickWriter::readPicks() {
     return true;
 }
 
-// A well without a survey needs no look at the table of stations, which may be a long one.
 std::wstring pickWriter::complete(knownWell& of, NORLEX_geometryRecord& record) {
-    if (!of.hasStations) {
-        if (m_straight->getAltitude() != of.altitude)
-            m_straight->setAltitude(of.altitude);
-        return recordDepths::completePoint(record, &*m_straight);
+    if (!of.survey) {
+        of.survey = std::make_unique<NORLEX_inclinometry>(
+            &m_edit.db(), of.names.wellId, of.head, of.stations);
+        of.stations = {};
     }
-    if (!of.survey)
-        of.survey = std::make_unique<NORLEX_inclinometry>(&m_edit.db(), of.names.wellId);
     return recordDepths::completePoint(record, of.survey.get());
 }
 

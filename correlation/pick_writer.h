@@ -39,8 +39,8 @@ public:
 private:
     struct knownWell {
         NORLEX_wellDescription names;
-        double altitude = 0.0;
-        bool hasStations = false;
+        inclHead head;
+        std::vector<inclData> stations;              // given to the survey once that is made
         std::unique_ptr<NORLEX_inclinometry> survey; // made when it is first needed
     };
     struct knownBorder {
@@ -59,6 +59,7 @@ private:
     };
 
     [[nodiscard]] bool readWells();
+    [[nodiscard]] bool readStations();
     [[nodiscard]] bool readBorders();
     [[nodiscard]] bool readPicks();
     [[nodiscard]] std::wstring complete(knownWell& of, NORLEX_geometryRecord& record);
@@ -76,6 +77,5 @@ private:
     // added.
     std::unordered_map<std::uint64_t, std::int64_t> m_present;
     std::vector<pending> m_pending;
-    std::optional<NORLEX_inclinometry> m_straight; // of the altitude of the well last asked for
     correlation::pickSums m_sums;
 };

@@ -29,10 +29,23 @@ struct inclData {
     double yShift = 0.0; // north of the well head
 };
 
+// Where a hole begins.
+struct inclHead {
+    double altitude = 0.0;
+    double x = 0.0; // east
+    double y = 0.0; // north
+};
+
 class NORLEX_API NORLEX_inclinometry {
 public:
     // Reads and computes the survey at once. `db` is not owned and must outlive the object.
     NORLEX_inclinometry(odbc_database* db, std::uint32_t wellId);
+    // Of what was read before, by many wells at a time: the head, and depth, angle and azimuth of
+    // the stations in order of depth. The database is not looked at before the next update().
+    NORLEX_inclinometry(odbc_database* db,
+                        std::uint32_t wellId,
+                        const inclHead& head,
+                        const std::vector<inclData>& stations);
     NORLEX_inclinometry(const NORLEX_inclinometry&) = default;
     NORLEX_inclinometry(NORLEX_inclinometry&&) = default;
     NORLEX_inclinometry& operator=(const NORLEX_inclinometry&) = default;
@@ -95,6 +108,7 @@ private:
     void readAltitude();
     void readHead();
     void readStations();
+    void setStations(const std::vector<inclData>& stored);
     void compute();
     void widenExtremes(const inclData& station);
     void indexStations();

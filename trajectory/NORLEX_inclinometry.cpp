@@ -41,6 +41,15 @@ NORLEX_inclinometry::NORLEX_inclinometry(odbc_database* db, std::uint32_t wellId
     update();
 }
 
+NORLEX_inclinometry::NORLEX_inclinometry(odbc_database* db,
+                                         std::uint32_t wellId,
+                                         const inclHead& head,
+                                         const std::vector<inclData>& stations)
+    : m_db(db), m_wellId(wellId), m_altitude(head.altitude), m_headX(head.x), m_headY(head.y) {
+    setStations(stations);
+    compute();
+}
+
 void NORLEX_inclinometry::update() {
     loadInclData();
 }
@@ -78,18 +87,22 @@ void NORLEX_inclinometry::readStations() {
                         L" ORDER BY depth"));
     if (!rows)
         return;
-    m_stations.emplace_back(); // a synthetic station at the surface
+    std::vector<inclData> stored;
     while (rows->next()) {
-        inclData station;
+        inclData& station = stored.emplace_back();
         station.depth = rows->get_double(0);
         station.angle = rows->get_double(1);
         station.azimuth = rows->get_double(2);
-        m_stations.push_back(station);
     }
-    // A survey that begins at the surface replaces the synthetic station, unless it is a single
-    // row.
-    if (m_stations.size() > 2 && std::abs(m_stations[0].depth - m_stations[1].depth) < 0.001)
-        m_stations.erase(m_stations.begin());
+    setStations(stored);
+}
+
+// Behind a synthetic station at the surface. A survey that begins at the surface replaces it,
+// unless it is a single row.
+void NORLEX_inclinometry::setStations(const std::vector<inclData>& stored) {
+    const bool beginsAtSurface = stored.size() > 1 && std::abs(stored.front().depth) < 0.001;
+    m_stations.assign(beginsAtSurface ? 0 : 1, {});
+    m_stations.insert(m_stations.end(), stored.begin(), stored.end());
 }
 
 // Tangential method: an interval is straight along the angles of the station at its top.
