@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t pageWidth = 92;
 constexpr std::size_t optionColumns = 30;
-constexpr std::size_t commandColumns = 12;
+constexpr std::size_t commandColumns = 16;
 
 std::string folded(const std::string& paragraph) {
     std::istringstream words(paragraph);
@@ -26,6 +26,28 @@ std::string folded(const std::string& paragraph) {
     return out;
 }
 
+// Lines that begin with a blank stay as they are: lists of forms.
+std::string paragraphs(const std::string& text) {
+    std::istringstream lines(text);
+    std::string out;
+    std::string prose;
+    const auto add = [&](const std::string& part) {
+        if (!part.empty())
+            out += (out.empty() ? "" : "\n") + part;
+    };
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with(' ')) {
+            prose += line + ' ';
+            continue;
+        }
+        add(folded(prose));
+        prose.clear();
+        add(line);
+    }
+    add(folded(prose));
+    return out;
+}
+
 } // namespace
 
 helpFormat::helpFormat() {
@@ -37,7 +59,8 @@ helpFormat::helpFormat() {
 std::string helpFormat::make_description(const CLI::App* app) const {
     const std::string description = app->get_description();
     const auto end = description.find('\n');
-    return folded(end == std::string::npos ? description : description.substr(end + 1)) + "\n\n";
+    return paragraphs(end == std::string::npos ? description : description.substr(end + 1))
+           + "\n\n";
 }
 
 std::string helpFormat::make_subcommand(const CLI::App* sub) const {

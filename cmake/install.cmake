@@ -14,6 +14,8 @@ install(TARGETS welldb_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY data/planshet data/strategraphy DESTINATION ${CMAKE_INSTALL_DATADIR}/welldb
     PATTERN LAS_methods.csv EXCLUDE)
 install(FILES ${curve_catalogue} DESTINATION ${CMAKE_INSTALL_DATADIR}/welldb/strategraphy)
+install(FILES ${man_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 install(EXPORT welldb NAMESPACE welldb:: DESTINATION ${package_folder} FILE welldbTargets.cmake)
 configure_package_config_file(cmake/welldbConfig.cmake.in ${PROJECT_BINARY_DIR}/welldbConfig.cmake

@@ -2,9 +2,9 @@
 
 #include "NORLEX_well.h"
 #include "NORLEX_wellContainer.h"
-#include "correlation/row_batch.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "wells/announce.h"
@@ -71,11 +71,12 @@ bool removeRows(odbc_database& db,
                 std::int64_t propertyId,
                 const std::set<std::int64_t>& intervals,
                 const std::vector<std::int64_t>& values) {
-    return forEachPart(values,
-                       [&](const std::wstring& keys) {
-                           return db.exec(sql(L"DELETE FROM val WHERE v_id IN (", keys, L")"));
-                       })
-           && forEachPart(
+    return manyKeys::forEachPart(values,
+                                 [&](const std::wstring& keys) {
+                                     return db.exec(
+                                         sql(L"DELETE FROM val WHERE v_id IN (", keys, L")"));
+                                 })
+           && manyKeys::forEachPart(
                std::vector(intervals.begin(), intervals.end()), [&](const std::wstring& keys) {
                    return db.exec(sql(L"DELETE FROM interval_data WHERE obj_id IN (", keys, L")"))
                           // files attached to the values

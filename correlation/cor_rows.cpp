@@ -1,7 +1,7 @@
 #include "correlation/cor_rows.h"
 
-#include "correlation/row_batch.h"
 #include "odbc_database.h"
+#include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
 #include "wells/query.h"
@@ -44,7 +44,7 @@ bool touchBorder(odbc_database& db, std::int64_t borderId) {
 }
 
 bool touchBorders(odbc_database& db, const std::vector<std::int64_t>& borders) {
-    return forEachPart(borders, [&](const std::wstring& keys) {
+    return manyKeys::forEachPart(borders, [&](const std::wstring& keys) {
         return db.exec(sql(L"UPDATE correlation_borders SET ",
                            audit::touched(db),
                            L" WHERE b_id IN(",

@@ -4,10 +4,10 @@
 #include "correlation/cor_rows.h"
 #include "correlation/mirrors.h"
 #include "correlation/pick_edit.h"
-#include "correlation/row_batch.h"
 #include "eventMsgDescription.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "wells/well_records.h"
 
@@ -71,14 +71,15 @@ bool correlation::deleteBordersFromGroup(odbc_database* db,
         return refuse(L"the correlation " + quote(edit.prop().name) + L" has no group "
                       + quote(plainName(group)));
     const std::wstring list = keyList(borders);
-    return forEachPart(wells,
-                       [&](const std::wstring& keys) {
-                           return db->exec(sql(L"DELETE FROM correlation_data WHERE w_id IN (",
-                                               keys,
-                                               L") AND b_id IN(",
-                                               list,
-                                               L")"));
-                       })
+    return manyKeys::forEachPart(wells,
+                                 [&](const std::wstring& keys) {
+                                     return db->exec(
+                                         sql(L"DELETE FROM correlation_data WHERE w_id IN (",
+                                             keys,
+                                             L") AND b_id IN(",
+                                             list,
+                                             L")"));
+                                 })
            && corRows::touchBorders(*db, borders) && mirrors::tellAll(*db, edit.prop())
            && edit.finish(eventAction::remove, L"picks of the group " + plainName(group));
 }

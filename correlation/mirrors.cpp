@@ -1,9 +1,9 @@
 #include "correlation/mirrors.h"
 
 #include "NORLEX_propTemplate.h"
-#include "correlation/row_batch.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
 #include "store/journal.h"
@@ -66,9 +66,9 @@ bool insertProperties(odbc_database& db,
                       const NORLEX_propDescription& prop,
                       std::uint32_t templateId,
                       const wellSet& wells) {
-    rowBatch batch(
+    rowInserter batch(
         db,
-        L"INSERT INTO property (w_id, name, p_group, bt_id, UUID, create_date, update_date, create_user, update_user) VALUES");
+        L"INSERT INTO property (w_id, name, p_group, bt_id, UUID, create_date, update_date, create_user, update_user) VALUES ");
     const std::wstring names = sql(L",", quotedName(prop.name), L",", quotedName(prop.group), L",");
     for (const std::uint32_t wellId : wells)
         if (!batch.add(
@@ -100,7 +100,7 @@ bool addField(odbc_database& db,
               const std::vector<std::int64_t>& properties,
               const std::wstring& name,
               NORLEX_fieldType type) {
-    return forEachPart(properties, [&](const std::wstring& keys) {
+    return manyKeys::forEachPart(properties, [&](const std::wstring& keys) {
         return db.exec(sql(L"INSERT INTO field (name, pr_id, type, is_base) SELECT ",
                            quotedName(name),
                            L", pr_id, ",
@@ -128,20 +128,20 @@ bool create(odbc_database& db,
     const auto fields = source.getFieldList();
     return std::ranges::all_of(fields,
                                [&](const auto& f) { return addField(db, made, f.name, f.type); })
-           && forEachPart(std::vector<std::uint32_t>(wells.begin(), wells.end()),
-                          [&](const std::wstring& keys) {
-                              return db.exec(sql(L"UPDATE well_base SET ",
-                                                 audit::touched(db),
-                                                 L" WHERE w_id IN(",
-                                                 keys,
-                                                 L")"));
-                          });
+           && manyKeys::forEachPart(std::vector<std::uint32_t>(wells.begin(), wells.end()),
+                                    [&](const std::wstring& keys) {
+                                        return db.exec(sql(L"UPDATE well_base SET ",
+                                                           audit::touched(db),
+                                                           L" WHERE w_id IN(",
+                                                           keys,
+                                                           L")"));
+                                    });
 }
 
 // The field of the type, on those that lack it.
 bool completeFields(odbc_database& db, const std::vector<std::int64_t>& properties) {
     std::set<std::int64_t> lacking(properties.begin(), properties.end());
-    const bool isRead = forEachPart(properties, [&](const std::wstring& keys) {
+    const bool isRead = manyKeys::forEachPart(properties, [&](const std::wstring& keys) {
         const auto rows = db.query(sql(L"SELECT pr_id FROM field WHERE name = ",
                                        quoted(typeField),
                                        L" AND pr_id IN(",
@@ -192,7 +192,7 @@ bool tell(odbc_database& db,
                 else
                     observer.updateDataProperty(0, container, well, prop);
         });
-    return forEachPart(have.keys, [&](const std::wstring& keys) {
+    return manyKeys::forEachPart(have.keys, [&](const std::wstring& keys) {
         return db.exec(
             sql(L"UPDATE property SET ", audit::touched(db), L" WHERE pr_id IN(", keys, L")"));
     });

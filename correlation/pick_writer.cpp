@@ -2,9 +2,9 @@
 
 #include "correlation/cor_rows.h"
 #include "correlation/pick_rows.h"
-#include "correlation/row_batch.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
 #include "wells/announce.h"
@@ -168,9 +168,9 @@ void pickWriter::cutBack(std::size_t count) {
 
 bool pickWriter::makeBorders() {
     auto& db = m_edit.db();
-    rowBatch batch(
+    rowInserter batch(
         db,
-        L"INSERT INTO correlation_borders (cor_id, name, b_group, UUID, create_date, update_date, create_user, update_user) VALUES");
+        L"INSERT INTO correlation_borders (cor_id, name, b_group, UUID, create_date, update_date, create_user, update_user) VALUES ");
     for (const auto& one : m_borders) {
         if (one.id != 0 || !one.isUsed)
             continue;
@@ -205,8 +205,8 @@ bool pickWriter::makeBorders() {
 
 bool pickWriter::writePicks() {
     auto& db = m_edit.db();
-    rowBatch batch(
-        db, L"INSERT INTO correlation_data (w_id, b_id, depth_real, depth_abs, type) VALUES");
+    rowInserter batch(
+        db, L"INSERT INTO correlation_data (w_id, b_id, depth_real, depth_abs, type) VALUES ");
     for (const auto& one : m_pending) {
         const std::wstring real = fixed(one.depth, 2);
         const std::wstring abs = fixed(one.depthAbs, 2);

@@ -1,13 +1,13 @@
 // NORLEX_wellContainer::exportLAS: the logs of many wells, a file for each well.
 #include "NORLEX_lastError.h"
 #include "NORLEX_selection.h"
-#include "NORLEX_well.h"
 #include "NORLEX_wellContainer.h"
-#include "odbc_database.h"
+#include "exchange/exported_wells.h"
+#include "exchange/well_export_exact.h"
+#include "exchange/well_export_las.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
 #include "platform/progress.h"
-#include "platform/sql_text.h"
 #include "platform/strconv.h"
 #include "selection/selected_wells.h"
 #include "store/well_path.h"
@@ -18,24 +18,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
-using namespace sqlText;
-
 namespace {
 
 using wellList = std::vector<NORLEX_wellDescription>;
-using logKeys = std::unordered_map<std::uint32_t, std::vector<std::int64_t>>;
-
-// The logs of each well in the order of its list. One query: that of a single well goes through
-// the properties of all.
-bool readLogs(odbc_database& db, logKeys& logs) {
-    const auto rows = db.query(sql(
-        L"SELECT property.w_id, property.pr_id FROM property LEFT JOIN base_template ON base_template.bt_id = property.bt_id WHERE base_template.type = ",
-        quoted(getDataTypeEnum(NORLEX_dataTypeLog)),
-        L" ORDER BY property.p_group, property.name"));
-    while (rows && rows->next())
-        logs[static_cast<std::uint32_t>(rows->get_counter(0))].push_back(rows->get_counter(1));
-    return rows || refuse(L"the logs cannot be read: " + db.last_error());
-}
 
 // Names of files, without their extension, of which no two differ in the case of letters alone.
 class file_names {
@@ -83,23 +68,13 @@ private:
 };
 
 // Why the file is not written; empty where it is.
-std::wstring writeFile(odbc_database& db,
-                       std::uint32_t wellId,
-                       const std::vector<std::int64_t>& keys,
-                       const std::wstring& path,
+std::wstring writeFile(const std::wstring& path,
+                       const NORLEX_wellDescription& well,
+                       const std::vector<exportedLogs::source>& logs,
                        bool exact) {
-    NORLEX_well well(&db, wellId);
-    if (!well.isOK())
-        return NORLEX_lastError();
-    std::vector<std::unique_ptr<NORLEX_wellProperty>> logs;
-    std::vector<NORLEX_wellProperty*> borrowed;
-    for (const std::int64_t id : keys) // a file holds no depth that the survey converts
-        borrowed.push_back(
-            logs.emplace_back(std::make_unique<NORLEX_wellProperty>(&db, id, nullptr)).get());
-    if (exact)
-        return well.exportLASExact(path, borrowed) ? std::wstring() : NORLEX_lastError();
-    well.exportLAS(path, borrowed);
-    return NORLEX_lastError(); // emptied by a success
+    const bool written =
+        exact ? exactLas::write(path, well, logs) : describedLas::write(path, well, logs);
+    return written ? std::wstring() : NORLEX_lastError();
 }
 
 bool isWritten(const NORLEX_exportedWell& file) {
@@ -129,21 +104,24 @@ bool NORLEX_wellContainer::exportLAS(const std::shared_ptr<NORLEX_selection>& se
         return refuse(L"there is no folder to write LAS files into; the path of one is expected");
     wellList wells;
     selection->getWellList(wells);
-    logKeys logs;
-    if (!readLogs(*m_db, logs) || !files::makeFolder(folder))
+    exported_wells chosen(*m_db, wells);
+    if (!chosen.open() || !files::makeFolder(folder))
         return false;
     file_names fileNames(wells);
     progress steps(folder, wells.size());
+    std::vector<exportedLogs::source> logs;
     for (const auto& well : wells) {
         if (steps.isStopped())
             return refuse(L"the export was stopped after " + std::to_wstring(results.size())
                           + L" of " + std::to_wstring(wells.size()) + L" wells");
+        if (!chosen.next(logs))
+            return false;
         auto& result = results.emplace_back(NORLEX_exportedWell{well, {}, {}});
-        if (const auto found = logs.find(well.wellId); found == logs.end()) {
+        if (logs.empty()) {
             result.reason = L"the well has no logs";
         } else {
             result.path = NORLEX_getFilePath(folder) + fileNames.next(well) + L".las";
-            result.reason = writeFile(*m_db, well.wellId, found->second, result.path, exact);
+            result.reason = writeFile(result.path, well, logs, exact);
         }
         steps.advance(results.size());
     }

@@ -1,10 +1,8 @@
 #include "exchange/log_columns.h"
 
-#include "NORLEX_wellProperty.h"
 #include "exchange/depth_order.h"
-#include "platform/files.h"
+#include "exchange/exported_logs.h"
 #include "platform/last_error.h"
-#include "store/well_path.h"
 
 #include <cmath>
 #include <cstring>
@@ -22,32 +20,21 @@ bool isSame(const std::vector<double>& a, const std::vector<double>& b) {
 
 class column_reader {
 public:
-    column_reader(odbc_database& db, log_order order) : m_db(db), m_order(order) {}
+    explicit column_reader(log_order order) : m_order(order) {}
 
-    [[nodiscard]] bool read(NORLEX_wellProperty* log, log_columns& columns) {
-        if (log == nullptr)
-            return refuse(L"a log to write is missing from the list (null pointer)");
-        if (log->getType() != NORLEX_dataTypeLog)
-            return refuse(L"'" + log->getName() + L"' is no log and has no samples to write");
-        m_samples.clear();
-        if (hasSamples(*log) && !log->getSamples(m_samples))
+    [[nodiscard]] bool read(const exportedLogs::source& log, log_columns& columns) {
+        if (!log.read(m_samples))
             return false;
         std::vector<double> depths;
         std::vector<double> values;
         split(depths, values);
-        if (m_order == log_order::increasing && !sort(log->getName(), depths, values))
+        if (m_order == log_order::increasing && !sort(log.name, depths, values))
             return false;
         columns.emplace_back(shared(std::move(depths)), std::move(values));
         return true;
     }
 
 private:
-    [[nodiscard]] bool hasSamples(NORLEX_wellProperty& log) const {
-        return log.getRecordCount() > 0
-               || files::isFile(samplePathOf(NORLEX_getWellPath(&m_db, log.getWellID()),
-                                             {log.getName(), log.getGroup()}));
-    }
-
     void split(std::vector<double>& depths, std::vector<double>& values) const {
         depths.reserve(m_samples.size());
         values.reserve(m_samples.size());
@@ -82,7 +69,6 @@ private:
         return m_known.back();
     }
 
-    odbc_database& m_db;
     log_order m_order;
     std::vector<NORLEX_logSample> m_samples;
     std::vector<depthList> m_known;
@@ -90,14 +76,13 @@ private:
 
 } // namespace
 
-bool readColumns(odbc_database& db,
-                 const std::vector<NORLEX_wellProperty*>& logs,
+bool readColumns(const std::vector<exportedLogs::source>& logs,
                  log_order order,
                  log_columns& columns) {
     columns.clear();
     columns.reserve(logs.size());
-    column_reader reader(db, order);
-    for (NORLEX_wellProperty* const log : logs)
+    column_reader reader(order);
+    for (const auto& log : logs)
         if (!reader.read(log, columns))
             return false;
     return true;

@@ -9,8 +9,9 @@
 #include <string>
 #include <vector>
 
-class NORLEX_wellProperty;
-class odbc_database;
+namespace exportedLogs {
+struct source;
+}
 
 // Measured depths and values of one log, in the order of its file. A value that is not finite is
 // NORLEX_missingValue. Logs of equal depths share one column of them.
@@ -39,10 +40,7 @@ enum class log_order {
     increasing // see depth_order.h; a depth that is not finite is refused
 };
 
-// The columns of `logs`, in their order. False, with the last error set, when one of them is null,
-// is no log, or has a sample file that cannot be read. A log without a sample file, which is how
-// one begins, has empty columns.
-[[nodiscard]] bool readColumns(odbc_database& db,
-                               const std::vector<NORLEX_wellProperty*>& logs,
-                               log_order order,
-                               log_columns& columns);
+// The columns of `logs`, in their order; empty ones of a log without samples. False, with the last
+// error set, when the samples of one cannot be read.
+[[nodiscard]] bool
+readColumns(const std::vector<exportedLogs::source>& logs, log_order order, log_columns& columns);

@@ -1,9 +1,9 @@
 #include "exchange/property_targets.h"
 
 #include "NORLEX_propTemplate.h"
-#include "exchange/row_inserter.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
 #include "store/journal.h"

@@ -1,6 +1,6 @@
-// NORLEX_well::exportLASExact: logs at all their own depths.
-#include "NORLEX_well.h"
+#include "exchange/well_export_exact.h"
 
+#include "NORLEX_well.h"
 #include "exchange/exact_notes.h"
 #include "exchange/exact_rows.h"
 #include "exchange/las_writer.h"
@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <limits>
 #include <set>
+
+using headerAttributes::block;
 
 namespace {
 
@@ -54,10 +56,10 @@ void addReadable(std::vector<lasDescription>& entries, const std::vector<lasDesc
 }
 
 // The null value of the files that the logs came from, where they agree on one.
-std::optional<double> sourceNull(const std::vector<NORLEX_wellProperty*>& logs) {
-    const std::wstring first = logs.front()->getAttribute(headerAttributes::nullValue);
-    for (NORLEX_wellProperty* const log : logs)
-        if (log->getAttribute(headerAttributes::nullValue) != first)
+std::optional<double> sourceNull(const std::vector<exportedLogs::source>& logs) {
+    const std::wstring first = logs.front().attribute(headerAttributes::nullValue);
+    for (const auto& log : logs)
+        if (log.attribute(headerAttributes::nullValue) != first)
             return std::nullopt;
     return numbers::toDouble(first);
 }
@@ -83,22 +85,20 @@ std::wstring unusedMnemonic(const std::wstring& name, std::set<std::wstring>& us
     return mnemonic;
 }
 
-std::wstring apiCode(NORLEX_wellProperty& log) {
-    const auto entries = log.getAttributeCurveList();
+std::wstring apiCode(const exportedLogs::source& log) {
+    const auto entries = headerAttributes::entries(log.attributes, block::curve);
     return entries.empty() ? std::wstring() : entries.front().value;
 }
 
-void addCurves(exact_content& content, const std::vector<NORLEX_wellProperty*>& logs) {
+void addCurves(exact_content& content, const std::vector<exportedLogs::source>& logs) {
     std::set<std::wstring> used = {L"DEPT"};
     content.curveEntries.push_back({L"DEPT", L"M", L"", L""});
-    for (NORLEX_wellProperty* const log : logs) {
-        const std::wstring mnemonic = unusedMnemonic(log->getName(), used);
-        content.curveEntries.push_back(readable({mnemonic,
-                                                 log->getAttribute(headerAttributes::units),
-                                                 apiCode(*log),
-                                                 log->getComment()}));
+    for (const auto& log : logs) {
+        const std::wstring mnemonic = unusedMnemonic(log.name, used);
+        content.curveEntries.push_back(readable(
+            {mnemonic, log.attribute(headerAttributes::units), apiCode(log), log.comment}));
         content.notes.curves.push_back(
-            {mnemonic, mnemonic == log->getName() ? std::wstring() : log->getName(), {}});
+            {mnemonic, mnemonic == log.name ? std::wstring() : log.name, {}});
     }
 }
 
@@ -164,32 +164,40 @@ bool writeFile(std::FILE* file, const exact_content& content, exact_rows rows) {
 
 } // namespace
 
-bool NORLEX_well::exportLASExact(const std::wstring& path,
-                                 const std::vector<NORLEX_wellProperty*>& properties) {
-    if (properties.empty())
+bool exactLas::write(const std::wstring& path,
+                     const NORLEX_wellDescription& well,
+                     const std::vector<exportedLogs::source>& logs) {
+    if (logs.empty())
         return refuse(L"there is no log to write; at least one is needed");
-    log_columns logs;
-    if (!readColumns(*m_db, properties, log_order::increasing, logs))
+    log_columns columns;
+    if (!readColumns(logs, log_order::increasing, columns))
         return false;
-    const exact_rows rows(logs);
+    const exact_rows rows(columns);
     const auto range = ::rangeOf(rows);
     if (!range)
         return refuse(L"the logs have no samples to write; at least one is needed");
-    const auto null = freeNullValue(logs, sourceNull(properties));
+    const auto null = freeNullValue(columns, sourceNull(logs));
     if (!null)
         return false;
 
     exact_content content;
     content.nullValue = *null;
-    content.wellEntries = wellEntries(getDescription(), *range, *null);
-    for (NORLEX_wellProperty* const property : properties) {
-        addReadable(content.wellEntries, property->getAttributeWellList());
-        addReadable(content.paramEntries, property->getAttributeParamList());
+    content.wellEntries = wellEntries(well, *range, *null);
+    for (const auto& log : logs) {
+        addReadable(content.wellEntries, headerAttributes::entries(log.attributes, block::well));
+        addReadable(content.paramEntries, headerAttributes::entries(log.attributes, block::param));
     }
-    addCurves(content, properties);
-    addNames(content, getDescription());
+    addCurves(content, logs);
+    addNames(content, well);
     content.notes.nullsAreNoSamples = rows.isMerged();
     if (rows.isMerged())
         addMissing(content.notes, rows);
     return files::replace(path, [&](std::FILE* file) { return writeFile(file, content, rows); });
+}
+
+bool NORLEX_well::exportLASExact(const std::wstring& path,
+                                 const std::vector<NORLEX_wellProperty*>& properties) {
+    std::vector<exportedLogs::source> logs;
+    return exportedLogs::of(*m_db, properties, logs)
+           && exactLas::write(path, getDescription(), logs);
 }

@@ -1,6 +1,6 @@
-// NORLEX_well::exportLAS: logs on a common depth grid.
-#include "NORLEX_well.h"
+#include "exchange/well_export_las.h"
 
+#include "NORLEX_well.h"
 #include "exchange/depth_grid.h"
 #include "exchange/las_writer.h"
 #include "platform/files.h"
@@ -8,6 +8,8 @@
 #include "platform/numbers.h"
 #include "platform/string_table.h"
 #include "wells/header_attributes.h"
+
+using headerAttributes::block;
 
 namespace {
 
@@ -41,16 +43,17 @@ std::vector<lasDescription> wellEntries(const NORLEX_wellDescription& well,
 
 las_content contentOf(const NORLEX_wellDescription& well,
                       const depth_grid& grid,
-                      const std::vector<NORLEX_wellProperty*>& properties) {
+                      const std::vector<exportedLogs::source>& logs) {
     las_content content;
     content.wellEntries = wellEntries(well, grid);
-    for (NORLEX_wellProperty* const property : properties) {
-        addNewEntries(content.wellEntries, property->getAttributeWellList());
-        addNewEntries(content.paramEntries, property->getAttributeParamList());
-        content.curveEntries.push_back({property->getName(),
-                                        property->getAttribute(headerAttributes::units),
+    for (const auto& log : logs) {
+        addNewEntries(content.wellEntries, headerAttributes::entries(log.attributes, block::well));
+        addNewEntries(content.paramEntries,
+                      headerAttributes::entries(log.attributes, block::param));
+        content.curveEntries.push_back({log.name,
+                                        log.attribute(headerAttributes::units),
                                         L" ", // no API code
-                                        property->getComment()});
+                                        log.comment});
     }
     return content;
 }
@@ -112,31 +115,34 @@ bool writeFile(std::FILE* file, const depth_grid& grid, const las_content* conte
 
 } // namespace
 
+bool describedLas::write(const std::wstring& path,
+                         const NORLEX_wellDescription& well,
+                         const std::vector<exportedLogs::source>& logs) {
+    if (logs.empty())
+        return refuse(L"there is no log to write; at least one is needed");
+    log_columns columns;
+    if (!readColumns(logs, log_order::stored, columns))
+        return false;
+    const auto range = depth_grid::of(columns);
+    if (!range)
+        return false;
+    const depth_grid grid = range->rounded();
+    if (!grid.isWalkable())
+        return false;
+    if (grid.top == grid.bottom) // a range that no row of two decimals divides
+        return files::replace(path,
+                              [&](std::FILE* file) { return writeFile(file, grid, nullptr); });
+    las_content content = contentOf(well, grid, logs);
+    content.logs = std::move(columns);
+    return files::replace(path, [&](std::FILE* file) { return writeFile(file, grid, &content); });
+}
+
 // A caller cannot see a failure from here, so the last error is emptied first: whatever it says
 // afterwards is of this export.
 void NORLEX_well::exportLAS(const std::wstring& path,
                             const std::vector<NORLEX_wellProperty*>& properties) {
     refuse({});
-    if (properties.empty()) {
-        refuse(L"there is no log to write; at least one is needed");
-        return;
-    }
-    log_columns logs;
-    if (!readColumns(*m_db, properties, log_order::stored, logs))
-        return;
-    const auto range = depth_grid::of(logs);
-    if (!range)
-        return;
-    const depth_grid grid = range->rounded();
-    if (!grid.isWalkable())
-        return;
-    if (grid.top == grid.bottom) { // a range that no row of two decimals divides
-        static_cast<void>(
-            files::replace(path, [&](std::FILE* file) { return writeFile(file, grid, nullptr); }));
-        return;
-    }
-    las_content content = contentOf(getDescription(), grid, properties);
-    content.logs = std::move(logs);
-    static_cast<void>(
-        files::replace(path, [&](std::FILE* file) { return writeFile(file, grid, &content); }));
+    std::vector<exportedLogs::source> logs;
+    if (exportedLogs::of(*m_db, properties, logs))
+        static_cast<void>(describedLas::write(path, getDescription(), logs));
 }

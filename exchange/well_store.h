@@ -2,8 +2,8 @@
 #pragma once
 
 #include "NORLEX_wellDescription.h"
-#include "exchange/row_inserter.h"
 #include "exchange/well_rows.h"
+#include "platform/row_inserter.h"
 
 #include <cstdint>
 #include <map>

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <utility>
@@ -167,10 +168,18 @@ fs::path writer::newName() {
     return folder() / (std::to_string(++m_names) + ".new");
 }
 
-bool writer::setAside(const fs::path& path) {
-    const fs::path aside = folder() / (std::to_string(++m_names) + ".old");
-    // Other than a new file, an old content is lost if power fails before the line is on disk.
-    return note({kind::aside, path, aside}) && ::fdatasync(m_file) == 0 && renamed(path, aside);
+// Other than a new file, an old content is lost if power fails before its line is on disk: all are
+// noted and flushed before the first one moves.
+bool writer::setAside(std::span<const fs::path> paths) {
+    const std::size_t first = m_changes.size();
+    for (const auto& path : paths)
+        if (!note({kind::aside, path, folder() / (std::to_string(++m_names) + ".old")}))
+            return false;
+    if (!paths.empty() && ::fdatasync(m_file) != 0)
+        return refuseAt(L"cannot write", journalPath(m_root, m_name), files::reason(errno));
+    return std::ranges::all_of(std::span(m_changes).subspan(first), [](const change& noted) {
+        return renamed(noted.path, noted.other);
+    });
 }
 
 bool writer::makeFolders(const fs::path& folder) {

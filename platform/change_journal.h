@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -40,7 +41,8 @@ public:
     // Each sets the last error when it answers false.
     [[nodiscard]] bool begin(); // a transaction; makes the journal on disk with the first one
     [[nodiscard]] bool note(const change& done);
-    [[nodiscard]] bool setAside(const std::filesystem::path& path);
+    // Files or folders that are there, none of them twice; one flush of the disk serves all.
+    [[nodiscard]] bool setAside(std::span<const std::filesystem::path> paths);
     [[nodiscard]] bool makeFolders(const std::filesystem::path& folder);
     void wrote(const std::filesystem::path& path); // to be flushed at the commit
     [[nodiscard]] bool move(const std::filesystem::path& from, const std::filesystem::path& to);

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <set>
 #include <utility>
 
 using namespace sqlText;
@@ -123,7 +124,8 @@ bool transaction_files::write(const std::wstring& path,
     if (!finishWrites())
         return false;
     const fs::path fresh = m_journal->newName();
-    return writeWhole(fresh, path, writer) && m_journal->setAside(target) && renamed(fresh, target);
+    return writeWhole(fresh, path, writer) && m_journal->setAside({&target, 1})
+           && renamed(fresh, target);
 }
 
 bool transaction_files::writeLater(const std::wstring& path,
@@ -152,13 +154,24 @@ bool transaction_files::finishWrites() {
 }
 
 bool transaction_files::remove(const std::wstring& path) {
-    if (!accepts(path) || !finishWrites())
-        return false;
-    const fs::path target = bare(path);
-    if (!isThere(target))
+    return remove(std::vector{path});
+}
+
+bool transaction_files::remove(const std::vector<std::wstring>& paths) {
+    if (paths.empty())
         return true;
-    m_journal->emptied.push_back(target.parent_path());
-    return m_journal->setAside(target);
+    for (const auto& path : paths)
+        if (!accepts(path))
+            return false;
+    if (!finishWrites())
+        return false;
+    std::set<fs::path> targets;
+    for (const auto& path : paths)
+        if (const fs::path target = bare(path); isThere(target))
+            targets.insert(target);
+    for (const auto& target : targets)
+        m_journal->emptied.push_back(target.parent_path());
+    return m_journal->setAside(std::vector(targets.begin(), targets.end()));
 }
 
 bool transaction_files::removeFolder(const std::wstring& path) {

@@ -33,6 +33,9 @@ public:
     // commit; whatever prevents it makes the next call, or the commit, fail.
     [[nodiscard]] bool writeLater(const std::wstring& path, std::function<bool(std::FILE*)> writer);
     [[nodiscard]] bool remove(const std::wstring& path); // a missing file is no failure
+    // Files, for the price of one: a path that is refused keeps all of them, and one that is
+    // named twice is removed once.
+    [[nodiscard]] bool remove(const std::vector<std::wstring>& paths);
     [[nodiscard]] bool removeFolder(const std::wstring& path);
     // A file or a folder; the target must not exist.
     [[nodiscard]] bool move(const std::wstring& from, const std::wstring& to);

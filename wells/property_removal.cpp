@@ -128,13 +128,13 @@ bool removeSamples(odbc_database& db, const NORLEX_propDescription& prop, const 
         const auto rows = db.query(sql(
             L"SELECT work_object, field, name, w_id FROM well_base WHERE w_id", isOneOf(wells)));
         while (rows && rows->next())
-            paths.push_back(NORLEX_getWellPath(
-                &db,
-                NORLEX_wellDescription{
-                    rows->get_text(0), rows->get_text(1), rows->get_text(2), 0}));
+            paths.push_back(samplePathOf(
+                NORLEX_getWellPath(&db,
+                                   NORLEX_wellDescription{
+                                       rows->get_text(0), rows->get_text(1), rows->get_text(2), 0}),
+                prop));
     }
-    return std::ranges::all_of(
-        paths, [&](const auto& path) { return db.files().remove(samplePathOf(path, prop)); });
+    return db.files().remove(paths);
 }
 
 // The picks of the correlation that a border property mirrors; the two share their name.

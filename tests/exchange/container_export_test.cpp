@@ -1,5 +1,6 @@
 #include "NORLEX_host.h"
 #include "NORLEX_selection.h"
+#include "exchange/exported_wells.h"
 #include "tests/exchange/las_fixture.h"
 
 #include <algorithm>
@@ -29,6 +30,24 @@ protected:
 
     bool exportAll(bool exact = false) {
         return container->exportLAS(everyWell(), out, exact, results);
+    }
+
+    // What the export of the well itself writes of all its logs.
+    std::string writtenAlone(const NORLEX_wellDescription& names, bool exact) {
+        NORLEX_well well(db(), names);
+        std::vector<NORLEX_propDescription> listed;
+        well.getPropertyList(listed);
+        std::vector<std::unique_ptr<NORLEX_wellProperty>> logs;
+        std::vector<NORLEX_wellProperty*> borrowed;
+        for (const auto& prop : listed)
+            if (auto log = well.openProperty(prop); log->getType() == NORLEX_dataTypeLog)
+                borrowed.push_back(logs.emplace_back(std::move(log)).get());
+        const auto path = folder / L"alone.las";
+        if (exact)
+            EXPECT_TRUE(well.exportLASExact(path, borrowed)) << lastError();
+        else
+            well.exportLAS(path, borrowed);
+        return temp_folder::read(path);
     }
 
     const NORLEX_propDescription gr{L"GR", L"LAS"};
@@ -105,27 +124,82 @@ TEST_F(ContainerExportTest, writesWhatTheExportOfTheWellWrites) {
     makeWellWithLog(one);
     makeLog(one, {L"DT", L"B"}, {{10, 90, 7.125}, {10.25, 89.75, NORLEX_missingValue}});
     makeLog(one, {L"BK", L"A"}, {{10.1, 89.9, 5}, {10.3, 89.7, -0.1}});
+    makeLog(one, {L"SP", L"B"}, {});
+    const NORLEX_wellDescription two{L"O", L"F", L"2", 0};
+    makeWellWithLog(two);
     NORLEX_well well(db(), one);
-    std::vector<NORLEX_propDescription> listed;
-    well.getPropertyList(listed);
-    ASSERT_EQ(listed.size(), 3U);
-    ASSERT_TRUE(well.openProperty(gr)->setAttribute(L"UNITS", L"API"));
+    ASSERT_TRUE(well.createProperty(NORLEX_dataTypeLog, {L"EMPTY", L"B"})); // without a file
     ASSERT_TRUE(well.createProperty(NORLEX_dataTypeMarker, {L"M", L"A"}));
-    std::vector<std::unique_ptr<NORLEX_wellProperty>> logs;
-    std::vector<NORLEX_wellProperty*> borrowed;
-    for (const auto& prop : listed)
-        borrowed.push_back(logs.emplace_back(well.openProperty(prop)).get());
-    const auto alone = folder / L"alone.las";
+    const struct {
+        NORLEX_wellDescription well;
+        NORLEX_propDescription log;
+        const wchar_t* key;
+        std::wstring value;
+    } attributes[] = {
+        {one, gr, L"UNITS", L"API"},
+        {one, {L"DT", L"B"}, L"UNITS", L"us/ft"},
+        {one, {L"DT", L"B"}, L"WELL.COMP", L"\x1FThe Company\x1FOf DT"},
+        {one, gr, L"WELL.COMP", L"\x1FNot shown\x1FOf GR"}, // the first log's stands
+        {one, gr, L"PARAM.BHT", L"DEGC\x1Fhot\x1Fof the bottom"},
+        {one, gr, L"CURVE.GR", L"API\x1Fits code\x1F"},
+        {two, gr, L"UNITS", L"GAPI"},
+        {two, gr, L"WELL.SRVC", L"\x1FThe Service\x1F"},
+    };
+    for (const auto& a : attributes)
+        ASSERT_TRUE(log(a.well, a.log)->setAttribute(a.key, a.value)) << lastError();
     for (const bool exact : {false, true}) {
-        if (exact)
-            ASSERT_TRUE(well.exportLASExact(alone, borrowed)) << lastError();
-        else
-            well.exportLAS(alone, borrowed);
-        const std::string expected = temp_folder::read(alone);
-        ASSERT_NE(expected.find("API"), std::string::npos);
+        const std::string first = writtenAlone(one, exact);
+        ASSERT_NE(first.find("The Company"), std::string::npos);
+        const std::string second = writtenAlone(two, exact);
+        ASSERT_NE(second.find("The Service"), std::string::npos);
         ASSERT_TRUE(exportAll(exact)) << lastError();
-        EXPECT_EQ(temp_folder::read(out + L"/1.las"), expected) << exact;
+        EXPECT_EQ(temp_folder::read(out + L"/1.las"), first) << exact;
+        EXPECT_EQ(temp_folder::read(out + L"/2.las"), second) << exact;
     }
+}
+
+// A well with more logs than are read at once, between others.
+TEST_F(ContainerExportTest, readsManyLogsInPortions) {
+    const NORLEX_wellDescription first{L"", L"", L"a", 0};
+    const NORLEX_wellDescription large{L"", L"", L"b", 0};
+    const NORLEX_wellDescription last{L"", L"", L"d", 0};
+    makeWellWithLog(first);
+    makeWell(large);
+    makeWell({L"", L"", L"c"});
+    makeWellWithLog(last);
+    ASSERT_TRUE(log(last, gr)->setAttribute(L"UNITS", L"API")) << lastError();
+    std::wstring rows = L"INSERT INTO property (w_id, bt_id, name, p_group) VALUES ";
+    const std::wstring bearer = L"(" + std::to_wstring(NORLEX_well::getID(db(), large)) + L", "
+                                + cell(L"SELECT bt_id FROM property") + L", 'L";
+    for (int i = 0; i < 5001; ++i)
+        rows += (i == 0 ? L"" : L",") + bearer + std::to_wstring(i) + L"', 'LAS')";
+    ASSERT_TRUE(db()->exec(rows)) << lastError();
+    EXPECT_FALSE(exportAll());
+    ASSERT_EQ(results.size(), 4U);
+    EXPECT_NE(results[1].reason.find(L"no two samples"), std::wstring::npos) << "without files";
+    EXPECT_EQ(results[2].reason, L"the well has no logs");
+    EXPECT_EQ(temp_folder::read(out + L"/a.las"), writtenAlone(first, false));
+    EXPECT_EQ(temp_folder::read(out + L"/d.las"), writtenAlone(last, false));
+    EXPECT_NE(temp_folder::read(out + L"/d.las").find("API"), std::string::npos);
+}
+
+// As another program may do while an export is under way.
+TEST_F(ContainerExportTest, findsTheSamplesOfWhatIsRenamedInTheMeantime) {
+    makeWellWithLog({L"", L"", L"a"});
+    std::vector<NORLEX_wellDescription> wells;
+    NORLEX_well::getWellList(db(), wells);
+    exported_wells chosen(*db(), wells);
+    std::vector<exportedLogs::source> logs;
+    ASSERT_TRUE(chosen.open() && chosen.next(logs)) << lastError();
+    ASSERT_EQ(logs.size(), 1U);
+    NORLEX_well well(db(), wells.front());
+    ASSERT_TRUE(well.rename({L"O", L"F", L"b"}) && well.renameProperty(gr, {L"GR2", L"LAS"}))
+        << lastError();
+    std::vector<NORLEX_logSample> read;
+    EXPECT_TRUE(logs.front().read(read)) << lastError();
+    EXPECT_EQ(read.size(), 3U);
+    ASSERT_TRUE(well.removeProperty({L"GR2", L"LAS"}));
+    EXPECT_TRUE(logs.front().read(read) && read.empty());
 }
 
 TEST_F(ContainerExportTest, aFileThatCannotBeWrittenKeepsNoOtherBack) {

@@ -43,6 +43,16 @@ protected:
                 return path;
         return {};
     }
+    // Where the journal says that the content of a removed file went.
+    std::wstring keptPath(const std::wstring& path) const {
+        const std::string text = temp_folder::read(journalPath());
+        const std::string line = "R\t" + files::native(path.substr(root.size())).native() + "\t";
+        const auto start = text.find(line);
+        if (start == std::string::npos)
+            return {};
+        const auto kept = start + line.size();
+        return root + files::wide(text.substr(kept, text.find('\n', kept) - kept));
+    }
     std::int64_t markers() {
         const auto rows = db.query(L"SELECT count(*) FROM meta");
         return rows && rows->next() ? rows->get_counter(0) : -1;
@@ -147,6 +157,49 @@ TEST_F(TransactionFilesTest, aDeadProcessIsFinishedOrUndone) {
     });
     ASSERT_TRUE(db.files().recover());
     EXPECT_EQ(tree(), after);
+}
+
+TEST_F(TransactionFilesTest, aListIsRemovedWhollyOrNotAtAll) {
+    for (const wchar_t* name : {L"a/x/1", L"a/x/2", L"a/y/3", L"a/kept"})
+        folder.write(name, "old");
+    const std::string all = "kept=old\nx/1=old\nx/2=old\ny/3=old\n";
+    const std::vector<std::wstring> list = {
+        root + L"y/3", root + L"x/1", root + L"missing", root + L"x/2", root + L"y/3"};
+    transaction outer(&db);
+    {
+        transaction inner(&db);
+        ASSERT_TRUE(db.files().remove(list));
+        EXPECT_EQ(tree(), "kept=old\n") << "at once";
+        ASSERT_TRUE(write(db, root + L"x/1", "new"));
+        ASSERT_TRUE(db.files().remove(list)) << "what has come back is removed again";
+    }
+    EXPECT_EQ(tree(), all);
+    EXPECT_FALSE(db.files().remove({root + L"x/1", folder / L"outside", root + L"y/3"}));
+    EXPECT_EQ(tree(), all) << "one path is refused";
+    EXPECT_TRUE(db.files().remove(std::vector<std::wstring>()));
+    ASSERT_TRUE(db.files().remove(list));
+    ASSERT_TRUE(outer.commit());
+    EXPECT_EQ(tree(), "kept=old\n");
+    EXPECT_FALSE(files::isFolder(root + L"x") || files::isFolder(root + L"y"));
+}
+
+// The process dies while it moves the files of a list aside: all are noted, some are moved.
+TEST_F(TransactionFilesTest, aHalfDoneListIsUndone) {
+    const std::vector<std::wstring> list = {root + L"x/1", root + L"x/2", root + L"y/3"};
+    for (std::size_t moved = 0; moved <= list.size(); ++moved) {
+        for (const auto& path : list)
+            folder.write(path.substr((folder / L"").size()), "old");
+        inDyingProcess([&](odbc_database& own) {
+            static_cast<void>(own.begin_transaction());
+            EXPECT_TRUE(own.files().remove(list));
+        });
+        ASSERT_EQ(tree(), "");
+        for (std::size_t i = moved; i < list.size(); ++i)
+            ASSERT_TRUE(files::move(keptPath(list[i]), list[i])) << moved;
+        ASSERT_TRUE(db.files().recover());
+        EXPECT_EQ(tree(), "x/1=old\nx/2=old\ny/3=old\n") << moved;
+        EXPECT_FALSE(files::isFolder(root + L".pending")) << moved;
+    }
 }
 
 TEST_F(TransactionFilesTest, aFileInTheWayOfAFolderStays) {

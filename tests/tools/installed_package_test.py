@@ -31,6 +31,13 @@ def run(*command, cwd=None, env=None):
     return result.stdout
 
 
+def build_against_package(folder, build_folder):
+    run(cmake, "-S", folder, "-B", build_folder, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
+        f"-DCMAKE_CXX_COMPILER={os.environ['WELLDB_CXX']}",
+        f"-DCMAKE_CXX_FLAGS={os.environ['WELLDB_CXX_FLAGS']}")
+    run(cmake, "--build", build_folder)
+
+
 def example(language):
     text = (source / "README.md").read_text(encoding="utf-8")
     return re.search(rf"^```{language}\n(.*?)^```", text, re.M | re.S)[1]
@@ -47,7 +54,8 @@ run(cmake, "--install", build, "--prefix", work / "staged")
 prefix = work / "moved"  # nothing in the package may remember where it was installed first
 (work / "staged").rename(work / "moved")
 for shipped in ("include/welldb/NORLEX_wellContainer.h", "share/welldb/planshet",
-                "share/welldb/strategraphy/LAS_methods.db"):
+                "share/welldb/strategraphy/LAS_methods.db",
+                "share/man/man1/welldb.1", "share/bash-completion/completions/welldb.bash"):
     if not (prefix / shipped).exists():
         sys.exit(f"not installed: {shipped}")
 
@@ -55,10 +63,14 @@ consumer = work / "consumer"
 consumer.mkdir()
 (consumer / "CMakeLists.txt").write_text(CONSUMER, encoding="utf-8")
 (consumer / "main.cpp").write_text(example("cpp"), encoding="utf-8")
-run(cmake, "-S", consumer, "-B", consumer / "build", "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
-    f"-DCMAKE_CXX_COMPILER={os.environ['WELLDB_CXX']}",
-    f"-DCMAKE_CXX_FLAGS={os.environ['WELLDB_CXX_FLAGS']}")
-run(cmake, "--build", consumer / "build")
+build_against_package(consumer, consumer / "build")
+
+# The examples find their data beside their folder.
+shutil.copytree(source / "examples", work / "examples")
+shutil.copytree(source / "data/demo", work / "data/demo")
+build_against_package(work / "examples", work / "examples/build")
+run(pathlib.Path(cmake).with_name("ctest"), "--test-dir", work / "examples/build", "--output-on-failure",
+    "--no-tests=error")
 
 # The examples name their files as from the root of the source tree.
 for language in ("cpp", "sh"):

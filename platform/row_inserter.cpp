@@ -1,10 +1,8 @@
-#include "exchange/row_inserter.h"
+#include "platform/row_inserter.h"
 
 #include "odbc_database.h"
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
-
-#include <algorithm>
 
 using namespace sqlText;
 
@@ -12,7 +10,6 @@ namespace {
 
 constexpr std::size_t rowsPerStatement = 500;
 constexpr std::size_t longestStatement = 4U << 20U; // characters: texts may be long
-constexpr std::size_t keysPerStatement = 5000;
 
 } // namespace
 

@@ -1,12 +1,16 @@
-// Many rows of a table in statements of hundreds.
+// Many rows in statements of hundreds, many keys in statements of thousands.
 #pragma once
 
+#include "platform/sql_text.h"
+
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class odbc_database;
 
@@ -29,9 +33,22 @@ private:
 
 namespace manyKeys {
 
+inline constexpr std::size_t keysPerStatement = 5000;
+
 // `statement`, which ends in a column's name, for the rows with these keys in it.
 [[nodiscard]] bool
 update(odbc_database& db, const std::wstring& statement, std::span<const std::int64_t> keys);
+
+// `work` with lists of the keys for IN(…), until it answers false; not at all without keys.
+template <typename Key, typename Work>
+[[nodiscard]] bool forEachPart(const std::vector<Key>& keys, Work work) {
+    for (std::size_t from = 0; from < keys.size(); from += keysPerStatement) {
+        const std::span part(keys.data() + from, std::min(keysPerStatement, keys.size() - from));
+        if (!work(sqlText::keyList(part)))
+            return false;
+    }
+    return true;
+}
 
 // One above the largest key, which `query` selects. To be asked inside a transaction that then
 // gives the keys itself.
