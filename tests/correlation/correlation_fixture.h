@@ -4,6 +4,7 @@
 #include "NORLEX_correlation.h"
 #include "NORLEX_well.h"
 #include "globalEventObserver.h"
+#include "platform/sql_text.h"
 #include "tests/support/container_fixture.h"
 
 #include <cmath>
@@ -56,11 +57,7 @@ protected:
         return out;
     }
 
-    static std::wstring shortest(double value) {
-        std::wstring out = std::to_wstring(value);
-        out.erase(out.find_last_not_of(L'0') + 1);
-        return out.back() == L'.' ? out.substr(0, out.size() - 1) : out;
-    }
+    static std::wstring shortest(double value) { return sqlText::number(value); }
 
     [[nodiscard]] bool
     pick(const NORLEX_wellDescription& well, const std::wstring& border, double depth) const {

@@ -3,6 +3,7 @@
 
 #include "NORLEX_lasfileExt.h"
 #include "NORLEX_lastError.h"
+#include "platform/numbers.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -57,9 +58,5 @@ protected:
     temp_folder m_folder;
 
 private:
-    static std::string number(double value) {
-        std::string text = std::to_string(value);
-        text.erase(text.find_last_not_of('0') + 1);
-        return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
-    }
+    static std::string number(double value) { return numbers::shortest(value); }
 };

@@ -1,4 +1,5 @@
 #include "exchange/survey_listing.h"
+#include "platform/numbers.h"
 
 #include "NORLEX_lastError.h"
 #include "NORLEX_well.h"
@@ -23,11 +24,9 @@ std::string readBack(const std::wstring& path) {
     if (!surveyListing::read(path, stations))
         return stations.size() == 1 && stations[0].depth == -1.0 ? "refused" : "refused, changed";
     std::string text;
-    for (const auto& s : stations) {
-        char station[100];
-        std::snprintf(station, sizeof station, "%g %g %g;", s.depth, s.angle, s.azimuth);
-        text += station;
-    }
+    for (const auto& s : stations)
+        text += numbers::shortest(s.depth) + " " + numbers::shortest(s.angle) + " "
+                + numbers::shortest(s.azimuth) + ";";
     return text;
 }
 

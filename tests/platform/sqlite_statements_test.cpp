@@ -1,3 +1,4 @@
+#include "platform/numbers.h"
 #include "platform/sqlite_statements.h"
 
 #include "odbc_database.h"
@@ -16,7 +17,7 @@ std::string splitText(std::string_view text) {
         if (const auto* whole = std::get_if<std::int64_t>(&value))
             out += std::to_string(*whole) + "|";
         else if (const auto* real = std::get_if<double>(&value))
-            out += "real " + std::to_string(*real) + "|";
+            out += "real " + numbers::fixed(*real, 6) + "|";
         else
             out += "'" + std::get<std::string>(value) + "'|";
     }

@@ -1,0 +1,16 @@
+// The tests as a host runs the library: in a locale of its own, which WELLDB_TEST_LOCALE names.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const char* const name = std::getenv("WELLDB_TEST_LOCALE");
+    if (name != nullptr && std::setlocale(LC_ALL, name) == nullptr) {
+        std::fprintf(stderr, "there is no locale %s\n", name);
+        return EXIT_FAILURE;
+    }
+    return RUN_ALL_TESTS();
+}
