@@ -12,5 +12,6 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "there is no locale %s\n", name);
         return EXIT_FAILURE;
     }
+    std::setlocale(LC_MESSAGES, "C"); // what other libraries say is looked for in English
     return RUN_ALL_TESTS();
 }
