@@ -97,13 +97,13 @@ bool isWordCharacter(char c) {
 }
 
 std::size_t literalEnd(std::string_view text, std::size_t at) {
-    for (++at; at < text.size(); ++at) {
-        at = text.find('\'', at);
-        if (at == std::string_view::npos)
-            return text.size();
-        if (at + 1 == text.size() || text[at + 1] != '\'')
-            return at + 1;
-        ++at;
+    while (at + 1 < text.size()) {
+        const std::size_t quote = text.find('\'', at + 1);
+        if (quote == std::string_view::npos)
+            break;
+        if (quote + 1 == text.size() || text[quote + 1] != '\'')
+            return quote + 1;
+        at = quote + 1; // a quote written twice
     }
     return text.size();
 }

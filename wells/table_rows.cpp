@@ -51,8 +51,10 @@ parser::parser(const NORLEX_tableColumns& columns,
     for (const auto& field : fields)
         m_fields.push_back({0, field.type == NORLEX_fieldTypeNumeric, field.name});
     for (const auto& [name, column] : columns.fields) {
-        const auto field = std::find_if(
-            m_fields.begin(), m_fields.end(), [&](const auto& f) { return f.name == name; });
+        const auto field =
+            std::find_if(m_fields.begin(), m_fields.end(), [&wanted = name](const auto& f) {
+                return f.name == wanted;
+            });
         if (field == m_fields.end())
             m_fault = L"the property has no field " + name;
         else if (column < 1)
