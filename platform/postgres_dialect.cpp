@@ -328,9 +328,13 @@ adapted adapt(std::string_view statement) {
     if (text.is(0, "PRAGMA"))
         return {shape::pragma, {}};
     adapter(text, end).run();
+    const bool isEnded = end < text.count();
     for (std::size_t i = end; i < text.count(); ++i)
-        text.replace(i, i, "");
-    return {shape::statement, text.result()};
+        text.replace(i, i, " "); // a blank, so that what stands around it does not become one sign
+    std::string result = text.result();
+    if (isEnded)
+        result.resize(trimmedEnd(result).size());
+    return {shape::statement, std::move(result)};
 }
 
 } // namespace postgresDialect
