@@ -31,7 +31,7 @@ NORLEX_selection selectionOf(const NORLEX_wellContainer& container, const wchar_
 // The statements of the queries, every row stepped to and none read.
 bool step(odbc_database& db, const NORLEX_selection& selection) {
     for (std::size_t i = 0; i < selection.getFilterCount(); ++i) {
-        const auto rows = db.query(queryText::statement(db, selection.getFilter(i)));
+        const auto rows = db.query(queryText::getQueryString(db, selection.getFilter(i)));
         if (!rows)
             return false;
         while (rows->next()) {

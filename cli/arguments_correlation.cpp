@@ -1,11 +1,9 @@
 #include "cli/arguments_correlation.h"
 
 #include "cli/arguments_tables.h"
-#include "cli/column_list.h"
 #include "cli/command_options.h"
 #include "cli/commands_correlation.h"
 #include "cli/help_correlation.h"
-#include "cli/text.h"
 
 #include <map>
 
@@ -45,23 +43,6 @@ CLI::Option* addType(CLI::App& app, pickRequest& request) {
 void checkDepths(const pickRequest& request) {
     if (!request.measured && !request.absolute)
         refuseUsage("a depth is needed: --md D, --abs D, or both");
-}
-
-CLI::Option* addColumn(CLI::App& app,
-                       const std::string& option,
-                       NORLEX_columnRef& target,
-                       const std::string& help) {
-    return app
-        .add_option_function<std::string>(
-            option,
-            [&target, option](const std::string& given) {
-                target = columnList::column(text::wide(unguarded(given)));
-                if (!target.isSet())
-                    throw CLI::ValidationError(
-                        option, "a column's number, from 1, or the text of its header is expected");
-            },
-            help)
-        ->type_name("C");
 }
 
 void addPolicy(CLI::App& app, correlation::onExistingPick& target) {

@@ -1,11 +1,9 @@
 #include "cli/arguments_dict.h"
 
 #include "cli/arguments_tables.h"
-#include "cli/column_list.h"
 #include "cli/command_options.h"
 #include "cli/commands_dict.h"
 #include "cli/help_dict.h"
-#include "cli/text.h"
 
 namespace {
 
@@ -15,22 +13,6 @@ template <typename Request>
 void dictOptions(CLI::App& app, Request& request) {
     addFile(app, request.file);
     addText(app, "DICT", "", request.name, "the dictionary")->required();
-}
-
-void addColumn(CLI::App& app,
-               const std::string& option,
-               NORLEX_columnRef& target,
-               const std::string& help) {
-    app.add_option_function<std::string>(
-           option,
-           [&target, option](const std::string& given) {
-               target = columnList::column(text::wide(unguarded(given)));
-               if (!target.isSet())
-                   throw CLI::ValidationError(
-                       option, "a column's number, from 1, or the text of its header is expected");
-           },
-           help)
-        ->type_name("C");
 }
 
 void importOptions(CLI::App& app, dictImportRequest& request) {

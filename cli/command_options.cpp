@@ -1,5 +1,6 @@
 #include "cli/command_options.h"
 
+#include "cli/column_list.h"
 #include "cli/encodings.h"
 #include "cli/number_text.h"
 #include "cli/text.h"
@@ -88,6 +89,23 @@ CLI::Option* addNumbers(CLI::App& app,
         target.push_back(numberOf(name, value));
     };
     return addValues(app, name, help, take)->type_name("NUMBER");
+}
+
+CLI::Option* addColumn(CLI::App& app,
+                       const std::string& option,
+                       NORLEX_columnRef& target,
+                       const std::string& help) {
+    return app
+        .add_option_function<std::string>(
+            option,
+            [&target, option](const std::string& given) {
+                target = columnList::column(text::wide(unguarded(given)));
+                if (!target.isSet())
+                    throw CLI::ValidationError(
+                        option, "a column's number, from 1, or the text of its header is expected");
+            },
+            help)
+        ->type_name("C");
 }
 
 void addFile(CLI::App& app, std::wstring& target) {

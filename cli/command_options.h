@@ -4,6 +4,8 @@
 
 #include "cli/commands.h"
 
+#include "NORLEX_columnRef.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -39,6 +41,12 @@ CLI::Option* addNumbers(CLI::App& app,
                         const std::string& name,
                         std::vector<double>& target,
                         const std::string& help);
+
+// A column of a table: its number, from 1, or the text of its header.
+CLI::Option* addColumn(CLI::App& app,
+                       const std::string& name,
+                       NORLEX_columnRef& target,
+                       const std::string& help);
 
 void addFile(CLI::App& app, std::wstring& target); // the container
 void addWell(CLI::App& app, std::wstring& target);

@@ -54,15 +54,11 @@ wellNames namesOf(NORLEX_selection& selection) {
 void printJson(const std::vector<NORLEX_wellFilterDepths>& found, const wellNames& names) {
     json document = json::array();
     for (const auto& hit : found) {
-        const auto& well = names.at(hit.wellId);
-        json depths = json::array();
+        json entry = jsonOut::well(names.at(hit.wellId));
+        entry["depths"] = json::array();
         for (const auto& [bottom, top] : hit.depths)
-            depths.push_back({jsonOut::number(bottom), jsonOut::number(top)});
-        document.push_back({{"id", well.wellId},
-                            {"object", jsonOut::string(well.workObject)},
-                            {"field", jsonOut::string(well.field)},
-                            {"name", jsonOut::string(well.name)},
-                            {"depths", std::move(depths)}});
+            entry["depths"].push_back({jsonOut::number(bottom), jsonOut::number(top)});
+        document.push_back(std::move(entry));
     }
     jsonOut::print(document);
 }

@@ -13,18 +13,11 @@
 
 namespace {
 
-json wellOf(const NORLEX_wellDescription& well) {
-    return {{"id", well.wellId},
-            {"object", jsonOut::string(well.workObject)},
-            {"field", jsonOut::string(well.field)},
-            {"name", jsonOut::string(well.name)}};
-}
-
 void printWells(const std::vector<NORLEX_wellDescription>& wells, resultForm form) {
     if (form == resultForm::json) {
         json document = json::array();
         for (const auto& well : wells)
-            document.push_back(wellOf(well));
+            document.push_back(jsonOut::well(well));
         jsonOut::print(document);
         return;
     }

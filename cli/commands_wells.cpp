@@ -10,18 +10,14 @@
 namespace {
 
 json wellOf(const NORLEX_wellInfo& well) {
-    return {
-        {"id", well.description.wellId},
-        {"object", jsonOut::string(well.description.workObject)},
-        {"field", jsonOut::string(well.description.field)},
-        {"name", jsonOut::string(well.description.name)},
-        {"altitude", jsonOut::number(well.altitude)},
-        {"x", jsonOut::number(well.x)},
-        {"y", jsonOut::number(well.y)},
-        {"bottom", jsonOut::number(well.bottom)},
-        {"properties", well.properties},
-        {"stations", well.stations},
-    };
+    json out = jsonOut::well(well.description);
+    out["altitude"] = jsonOut::number(well.altitude);
+    out["x"] = jsonOut::number(well.x);
+    out["y"] = jsonOut::number(well.y);
+    out["bottom"] = jsonOut::number(well.bottom);
+    out["properties"] = well.properties;
+    out["stations"] = well.stations;
+    return out;
 }
 
 void printWells(const std::vector<NORLEX_wellInfo>& wells) {

@@ -19,6 +19,13 @@ json string(std::wstring_view text) {
     return text::utf8(text);
 }
 
+json well(const NORLEX_wellDescription& well) {
+    return {{"id", well.wellId},
+            {"object", string(well.workObject)},
+            {"field", string(well.field)},
+            {"name", string(well.name)}};
+}
+
 void print(const json& document) {
     output::line(document.dump(2));
 }

@@ -39,7 +39,7 @@ using raw_data = std::array<std::wstring, 16>;
 
 // The levels offered where a range of units is chosen, with their display texts: 0 to 5, 7 to 9.
 [[nodiscard]] NORLEX_API std::vector<std::pair<NORLEX_taxonType, std::wstring>>
-stratoRangeTypeList();
+stratoRangeTypeModel();
 
 // Does not change once it is loaded, so that several threads may read it. Without a chart file the
 // last error names the file, and every look-up finds nothing. Pointers stay the chart's.

@@ -106,7 +106,7 @@ bool walk(const node& root, const Enter& enter, const Leave& leave, const Meet& 
 
 } // namespace
 
-std::optional<std::wstring> leaf(const filterCondition& condition, comparison kind) {
+std::optional<std::wstring> getCondString(const filterCondition& condition, comparison kind) {
     const auto compare = test(condition, kind);
     if (!compare)
         return std::nullopt;
@@ -134,8 +134,9 @@ std::vector<const filterCondition*> leaves(const node& tree) {
     return out;
 }
 
-std::optional<std::wstring> tree(const node& tree,
-                                 const std::function<comparison(const filterCondition&)>& kindOf) {
+std::optional<std::wstring>
+getTreeRequestAsSQLWstring(const node& tree,
+                           const std::function<comparison(const filterCondition&)>& kindOf) {
     std::vector<conditionChain::siblings> open;
     conditionChain::operand whole;
     const auto leave = [&](const filterCondition& group) {
@@ -150,7 +151,7 @@ std::optional<std::wstring> tree(const node& tree,
         return true;
     };
     const auto meet = [&](const filterCondition& condition) {
-        auto text = leaf(condition, kindOf(condition));
+        auto text = getCondString(condition, kindOf(condition));
         if (text)
             open.back().add(conditionChain::operand(*std::move(text)), condition.isAnd);
         return text.has_value();

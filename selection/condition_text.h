@@ -19,7 +19,8 @@ enum class comparison {
 
 // A condition in parentheses. Nothing, with a line in the last error, for an operation that is
 // none, and for an operand that is no number where one is needed.
-[[nodiscard]] std::optional<std::wstring> leaf(const filterCondition& condition, comparison kind);
+[[nodiscard]] std::optional<std::wstring> getCondString(const filterCondition& condition,
+                                                        comparison kind);
 
 // The conditions of a tree in document order; the root's own value does not count, nor do nodes
 // below a condition.
@@ -29,7 +30,7 @@ enum class comparison {
 // word behind them. Nothing, with a line in the last error, for a tree without conditions, one that
 // is nested deeper than the engines can take, and where a condition has no text.
 [[nodiscard]] std::optional<std::wstring>
-tree(const TreeNode<filterCondition>& tree,
-     const std::function<comparison(const filterCondition&)>& kindOf);
+getTreeRequestAsSQLWstring(const TreeNode<filterCondition>& tree,
+                           const std::function<comparison(const filterCondition&)>& kindOf);
 
 } // namespace conditionText

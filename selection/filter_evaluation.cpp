@@ -153,8 +153,8 @@ hits(odbc_database& db,
      const wellChoice& wells,
      const std::vector<NORLEX_propDescription>* properties) {
     const testedFields fields(db, conditionText::leaves(tree));
-    const auto conditions =
-        conditionText::tree(tree, [&](const auto& condition) { return fields.kindOf(condition); });
+    const auto conditions = conditionText::getTreeRequestAsSQLWstring(
+        tree, [&](const auto& condition) { return fields.kindOf(condition); });
     if (!conditions)
         return std::nullopt;
     const templateKeys templates = templatesByGeometry(db);

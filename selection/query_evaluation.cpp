@@ -22,11 +22,11 @@ wellSet::list queryEvaluation::found(const NORLEX_query& query) {
     default:
         break;
     }
-    const std::wstring statement = queryText::statement(m_db, query);
+    const std::wstring statement = queryText::getQueryString(m_db, query);
     return statement.empty() ? wellSet::list() : queryRows::read(m_db, statement);
 }
 
-wellSet::list queryEvaluation::condition(const NORLEX_query& query) {
+wellSet::list queryEvaluation::getCondition(const NORLEX_query& query) {
     return queryText::isComplement(query) ? wellSet::without(allWells(), found(query))
                                           : found(query);
 }
@@ -34,7 +34,7 @@ wellSet::list queryEvaluation::condition(const NORLEX_query& query) {
 wellSet::list queryEvaluation::chain(const std::vector<NORLEX_query>& queries) {
     wellSet::list wells;
     for (std::size_t i = 0; i < queries.size(); ++i) {
-        wellSet::list next = condition(queries[i]);
+        wellSet::list next = getCondition(queries[i]);
         if (i == 0)
             wells = std::move(next);
         else

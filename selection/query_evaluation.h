@@ -19,7 +19,7 @@ public:
     // By work object, field and name.
     [[nodiscard]] const wellSet::list& allWells();
 
-    [[nodiscard]] wellSet::list condition(const NORLEX_query& query);
+    [[nodiscard]] wellSet::list getCondition(const NORLEX_query& query);
     // Each query is joined to the wells of all before it: no precedence. No queries, no wells.
     [[nodiscard]] wellSet::list chain(const std::vector<NORLEX_query>& queries);
 

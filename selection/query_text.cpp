@@ -211,7 +211,7 @@ std::wstring ofTime(const NORLEX_query& query) {
 
 } // namespace
 
-std::wstring statement(odbc_database& db, const NORLEX_query& query) {
+std::wstring getQueryString(odbc_database& db, const NORLEX_query& query) {
     switch (query.operationType) {
     case NORLEX_filterTypeProperty:
         return ofProperty(query);

@@ -16,7 +16,7 @@ inline constexpr const wchar_t* head = L"SELECT distinct well_base.work_object, 
 // Of every type but the geometry wells and the depth window. Empty, with a line in the last error,
 // where the query cannot be asked: a type or an operation that is none, an operand that is no
 // number where numbers are compared.
-[[nodiscard]] std::wstring statement(odbc_database& db, const NORLEX_query& query);
+[[nodiscard]] std::wstring getQueryString(odbc_database& db, const NORLEX_query& query);
 
 // Whether the wells asked for are those that the statement does not find.
 [[nodiscard]] bool isComplement(const NORLEX_query& query);

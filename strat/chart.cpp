@@ -30,16 +30,17 @@ void chart::build(const std::vector<strategraphy::raw_data>& rows) {
     for (const auto& fields : rows) {
         rowUnits row;
         for (std::size_t level = 0; level < levelCount; ++level)
-            row[level] = take(level,
-                              numbers::trimmed(std::wstring_view(fields[2 * level])),
-                              numbers::trimmed(std::wstring_view(fields[2 * level + 1])));
+            row[level] = addNewElement(level,
+                                       numbers::trimmed(std::wstring_view(fields[2 * level])),
+                                       numbers::trimmed(std::wstring_view(fields[2 * level + 1])));
         relate(row);
         m_rows.push_back(row);
     }
     sortRelations();
 }
 
-chart::unit chart::take(std::size_t level, std::wstring_view index, std::wstring_view name) {
+chart::unit
+chart::addNewElement(std::size_t level, std::wstring_view index, std::wstring_view name) {
     if (index.empty())
         return none;
     const auto [found, isNew] = m_byIndex[level].try_emplace(std::wstring(index), m_units.size());

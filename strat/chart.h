@@ -53,7 +53,8 @@ private:
     };
     using rowUnits = std::array<unit, levelCount>; // of each level, or none
 
-    [[nodiscard]] unit take(std::size_t level, std::wstring_view index, std::wstring_view name);
+    [[nodiscard]] unit
+    addNewElement(std::size_t level, std::wstring_view index, std::wstring_view name);
     void relate(const rowUnits& row);
     void sortRelations();
     [[nodiscard]] unit standIn(const rowUnits& row, std::size_t level) const;

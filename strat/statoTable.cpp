@@ -8,7 +8,7 @@
 
 namespace strategraphy {
 
-std::vector<std::pair<NORLEX_taxonType, std::wstring>> stratoRangeTypeList() {
+std::vector<std::pair<NORLEX_taxonType, std::wstring>> stratoRangeTypeModel() {
     std::vector<std::pair<NORLEX_taxonType, std::wstring>> out;
     for (int type = NORLEX_taxonUndefined; type <= NORLEX_taxonStage; ++type)
         if (type != NORLEX_taxonSubSystem)

@@ -75,7 +75,7 @@ TEST_F(ConditionChainTest, nestingIsRefusedBeforeTheEngineCannotTakeIt) {
             for (bool isTaken = true; isTaken; levels += isTaken ? 1 : 0) {
                 conditionTree tree;
                 nest(tree, leaf, levels + 1, before, behind);
-                isTaken = conditionText::tree(tree, kind).has_value();
+                isTaken = conditionText::getTreeRequestAsSQLWstring(tree, kind).has_value();
             }
             EXPECT_NE(NORLEX_lastError().find(L"nested too deeply"), std::wstring::npos);
             conditionTree tree;

@@ -251,13 +251,13 @@ TEST(ConditionSpellingTest, conditionsReadAsOneParenthesisedText) {
     for (const auto& c : cases) {
         filterCondition one = base;
         one.operation = c.operation;
-        EXPECT_EQ(conditionText::leaf(one, comparison::number), field + c.number + L")");
-        EXPECT_EQ(conditionText::leaf(one, comparison::text), field + c.text + L")");
+        EXPECT_EQ(conditionText::getCondString(one, comparison::number), field + c.number + L")");
+        EXPECT_EQ(conditionText::getCondString(one, comparison::text), field + c.text + L")");
     }
     for (const int operation : {-1, 0, 15}) {
         filterCondition one = base;
         one.operation = operation;
-        EXPECT_FALSE(conditionText::leaf(one, comparison::text)) << operation;
+        EXPECT_FALSE(conditionText::getCondString(one, comparison::text)) << operation;
     }
 }
 
@@ -297,7 +297,8 @@ TEST(ConditionSpellingTest, groupsGetParenthesesWherePrecedenceAsksForThem) {
                 last = &at->addChild(
                     {NORLEX_filterEmpty, {std::wstring(1, sign), L""}, L"", L"", true, true});
         }
-        auto text = conditionText::tree(root, [](const auto&) { return comparison::text; });
+        auto text = conditionText::getTreeRequestAsSQLWstring(
+            root, [](const auto&) { return comparison::text; });
         // "(property.name = 'a' … IS NULL)" becomes "a".
         for (std::size_t from = 0; text && (from = text->find(L"(property", from)) != text->npos;)
             text->replace(from, text->find(L"NULL)") + 5 - from, 1, (*text)[from + 18]);

@@ -212,7 +212,7 @@ TEST_F(ChartTest, unitsAreEqualByLevelAndIndex) {
 
 TEST_F(ChartTest, rangesAreOfferedByLevelsOfTheChart) {
     std::wstring out;
-    for (const auto& [level, text] : strategraphy::stratoRangeTypeList())
+    for (const auto& [level, text] : strategraphy::stratoRangeTypeModel())
         out += std::to_wstring(level) + L" " + text + L", ";
     EXPECT_EQ(out,
               L"0 не определен, 1 Акротема, 2 Эонотема, 3 Подэонотема, 4 Эратема, 5 Система, "
