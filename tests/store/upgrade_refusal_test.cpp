@@ -214,7 +214,7 @@ TEST_F(KilledUpgradeTest, openingAgainCompletesIt) {
     make(2);
     const auto start = clock::now();
     ASSERT_TRUE(open()) << lastError();
-    const auto whole = clock::now() - start;
+    auto whole = clock::now() - start;
     const std::wstring digest =
         L"SELECT (SELECT group_concat(name || type) FROM field_template) || (SELECT "
         L"group_concat(value) FROM val) || (SELECT group_concat(value) FROM well_info_values) || "
@@ -230,7 +230,10 @@ TEST_F(KilledUpgradeTest, openingAgainCompletesIt) {
             ASSERT_TRUE(files::removeFile(name));
         ASSERT_TRUE(files::removeTree(folder / L"wells"));
         make(2);
+        const int before = killed;
         killAfter(whole * moment / moments);
+        if (killed == before)
+            whole = whole * 3 / 4; // the first one was slower than the children are
         expectWholeCopy(path + L".v2.bak");
         ASSERT_TRUE(open()) << lastError();
         EXPECT_EQ(cell(*container->getBaseLink(), digest), expected);
