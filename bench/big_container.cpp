@@ -65,7 +65,7 @@ bool fill(odbc_database& db, std::int64_t wells) {
 } // namespace
 
 std::string bigContainer(const settings& with, std::size_t wells) {
-    const std::string path = with.folder + "/big_" + std::to_string(wells) + ".well2";
+    std::string path = with.folder + "/big_" + std::to_string(wells) + ".well2";
     std::error_code ignored;
     if (std::filesystem::exists(path, ignored))
         return path;

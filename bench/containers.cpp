@@ -25,13 +25,6 @@ namespace {
 constexpr int records = 200'000;
 constexpr int fields = 2;
 
-std::string folderOf(const settings& with) {
-    const std::string folder = with.folder + "/containers";
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
-    return folder;
-}
-
 std::string valueOf(int record, int field) {
     return field == 0 ? "sandstone" : std::to_string(record % 400) + ".25";
 }
@@ -143,7 +136,7 @@ double timedIn(const std::string& path, const Work& work) {
 bool localRecords(const settings& with, std::vector<figure>& figures) {
     std::vector<double> own, bound;
     for (std::size_t round = 0; round < with.rounds; ++round) {
-        const std::string path = folderOf(with) + "/records.well2";
+        const std::string path = with.subfolder("containers") + "/records.well2";
         own.push_back(timedIn(path, [](auto& c) { return insertIntervals(*c.getBaseLink()); }));
         bound.push_back(timedIn(path, [&](auto&) { return insertBound(path); }));
         if (own.back() < 0 || bound.back() < 0)
@@ -198,7 +191,7 @@ double copiedBulk(NORLEX_wellContainer& from,
 }
 
 bool serverRecords(const settings& with, std::vector<figure>& figures) {
-    const std::string folder = folderOf(with);
+    const std::string folder = with.subfolder("containers");
     auto local = newContainer(folder + "/rows.well2");
     if (!local || !insertIntervals(*local->getBaseLink()))
         return failed("inserting records");
@@ -248,7 +241,7 @@ bool fillWells(odbc_database& db, int wells) {
 }
 
 bool serverCopy(const settings& with, std::vector<figure>& figures) {
-    const std::string folder = folderOf(with);
+    const std::string folder = with.subfolder("containers");
     auto local = newContainer(folder + "/wells.well2");
     if (!local || !fillWells(*local->getBaseLink(), 1000))
         return failed("filling a container");
@@ -276,7 +269,7 @@ bool serverCopy(const settings& with, std::vector<figure>& figures) {
 }
 
 bool making(const settings& with, std::vector<figure>& figures) {
-    const std::string path = folderOf(with) + "/new.well2";
+    const std::string path = with.subfolder("containers") + "/new.well2";
     std::vector<double> made, opened;
     for (std::size_t round = 0; round < 9; ++round) {
         std::error_code ignored;
@@ -287,14 +280,16 @@ bool making(const settings& with, std::vector<figure>& figures) {
         if (!good)
             return failed("making a container");
     }
-    auto large = newContainer(folderOf(with) + "/large.well2");
+    auto large = newContainer(with.subfolder("containers") + "/large.well2");
     if (!large || !fillWells(*large->getBaseLink(), 10'000))
         return failed("filling a container");
     large.reset();
     for (std::size_t round = 0; round < 9; ++round) {
         bool good = true;
-        opened.push_back(
-            1e3 * timed([&] { good = openContainer(folderOf(with) + "/large.well2") != nullptr; }));
+        opened.push_back(1e3 * timed([&] {
+                             good = openContainer(with.subfolder("containers") + "/large.well2")
+                                    != nullptr;
+                         }));
         if (!good)
             return failed("opening a container");
     }
@@ -310,7 +305,7 @@ bool containers(const settings& with, std::vector<figure>& figures) {
     if (good && server::isThere())
         good = serverRecords(with, figures) && serverCopy(with, figures);
     std::error_code ignored;
-    std::filesystem::remove_all(folderOf(with), ignored);
+    std::filesystem::remove_all(with.subfolder("containers"), ignored);
     return good;
 }
 

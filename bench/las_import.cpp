@@ -35,12 +35,11 @@ bool lasImport(const settings& with, std::vector<figure>& figures) {
         return failed("making " + path);
     std::vector<double> rates, limits;
     for (std::size_t round = 0; round < with.rounds; ++round) {
-        const std::string folder = with.folder + "/import";
-        std::error_code error;
-        std::filesystem::create_directories(folder, error);
+        const std::string folder = with.subfolder("import");
         const auto read = inChild([&] { return readRate(path, with.rows); });
         const auto import = inChild([&] { return importRate(folder + "/base.well2", path); });
-        std::filesystem::remove_all(folder, error);
+        std::error_code ignored;
+        std::filesystem::remove_all(folder, ignored);
         if (!read || !import)
             return failed("importing " + path);
         limits.push_back(read->values[0]);

@@ -13,6 +13,13 @@
 
 namespace bench {
 
+std::string settings::subfolder(const std::string& name) const {
+    std::string path = folder + "/" + name;
+    std::error_code ignored;
+    std::filesystem::create_directories(path, ignored);
+    return path;
+}
+
 bool failed(const std::string& what) {
     std::printf("%s failed: %s\n", what.c_str(), ts::strconv::toUtf8(NORLEX_lastError()).c_str());
     return false;

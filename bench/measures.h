@@ -15,6 +15,9 @@ struct settings {
     std::size_t files = 2000;     // small LAS files
     std::size_t wells = 10'000;   // of the large container
     std::size_t rounds = 5;       // of each pair of figure and limit
+
+    // A folder of a group below it; made when it is not there.
+    [[nodiscard]] std::string subfolder(const std::string& name) const;
 };
 
 // False when something failed that is to be measured; the reason is printed.

@@ -30,13 +30,6 @@ constexpr double megabyte = 1024.0 * 1024.0;
 const NORLEX_wellDescription wellName{L"O", L"F", L"W", 0};
 const NORLEX_propDescription property{L"layers", L"G"};
 
-std::string folderOf(const settings& with) {
-    const std::string folder = with.folder + "/records";
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
-    return folder;
-}
-
 void writeCsv(const std::string& path) {
     std::ofstream out(path);
     out << "top;bottom;name;description\n";
@@ -240,7 +233,7 @@ bool filtering(const std::string& folder, std::vector<figure>& figures) {
 } // namespace
 
 bool recordMeasures(const settings& with, std::vector<figure>& figures) {
-    const std::string folder = folderOf(with);
+    const std::string folder = with.subfolder("records");
     const bool good = tableImport(folder, with, figures) && reading(folder, with, figures)
                       && removing(folder, figures) && filtering(folder, figures);
     std::error_code ignored;
