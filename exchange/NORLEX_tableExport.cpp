@@ -109,12 +109,8 @@ bool writeAll(odbc_database* db,
               const std::wstring& path,
               const NORLEX_tableExportOptions& options,
               NORLEX_tableExportResult& result) {
-    if (!query::isOpen(db))
+    if (!query::isOpen(db) || !tableWriter::accepts(options.separator, options.encoding))
         return false;
-    if (options.separator != ';' && options.separator != ',' && options.separator != '\t')
-        return refuse(L"the separator of a table is \";\", \",\" or a tab");
-    if (options.encoding == ts::strconv::detect)
-        return refuse(L"a table needs an encoding to be written in");
     sources properties;
     return exportedData::find(*db, options.property, options.wells, properties)
            && areWritable(properties, options.property)

@@ -244,8 +244,6 @@ NORLEX_tableImportResult NORLEX_tableImport::importFile(const std::wstring& path
         return result;
     result.report.taken = 0;
     result.wells = result.created = 0;
-    if (NORLEX_lastError().empty())
-        refuse(L"cannot import " + path + L": " + m_db->last_error());
-    result.error = NORLEX_lastError();
+    result.error = tableRW::failure(m_db, path);
     return result;
 }

@@ -99,8 +99,6 @@ NORLEX_wellTableResult NORLEX_wellTableImport::importFile(const std::wstring& pa
         return result;
     result.report.taken = 0;
     result.created = result.updated = 0;
-    if (NORLEX_lastError().empty())
-        refuse(L"cannot import " + path + L": " + m_db->last_error());
-    result.error = NORLEX_lastError();
+    result.error = tableRW::failure(m_db, path);
     return result;
 }

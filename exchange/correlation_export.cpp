@@ -92,12 +92,8 @@ bool writeAll(odbc_database* db,
               const std::wstring& path,
               const NORLEX_correlationExportOptions& options,
               NORLEX_correlationExportResult& result) {
-    if (!query::isOpen(db))
+    if (!query::isOpen(db) || !tableWriter::accepts(options.separator, options.encoding))
         return false;
-    if (options.separator != ';' && options.separator != ',' && options.separator != '\t')
-        return refuse(L"the separator of a table is \";\", \",\" or a tab");
-    if (options.encoding == ts::strconv::detect)
-        return refuse(L"a table needs an encoding to be written in");
     using store = correlation::correlation;
     const auto id = store::getCorrelationID(db, options.correlation);
     if (id == 0)

@@ -247,8 +247,6 @@ NORLEX_correlationTableResult NORLEX_importCorrelation(
         return result;
     result.report.taken = 0;
     result.picks = {};
-    if (NORLEX_lastError().empty())
-        refuse(L"cannot import " + path + L": " + (db != nullptr ? db->last_error() : L""));
-    result.error = NORLEX_lastError();
+    result.error = tableRW::failure(db, path);
     return result;
 }

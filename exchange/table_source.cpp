@@ -1,5 +1,7 @@
 #include "exchange/table_source.h"
 
+#include "NORLEX_lastError.h"
+#include "odbc_database.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
 #include "wells/table_rows.h"
@@ -13,6 +15,12 @@ std::wstring quote(const std::wstring& text) {
 }
 
 } // namespace
+
+std::wstring tableRW::failure(const odbc_database* db, const std::wstring& path) {
+    if (NORLEX_lastError().empty())
+        refuse(L"cannot import " + path + L": " + (db != nullptr ? db->last_error() : L""));
+    return NORLEX_lastError();
+}
 
 bool tableSource::open(const tableRW::tableOptions& format, bool hasHeader) {
     if (!m_reader.open(m_path, format))

@@ -12,6 +12,15 @@
 #include <string>
 #include <vector>
 
+class odbc_database;
+
+namespace tableRW {
+
+// The line of an import that failed: the last error, or else what the database says.
+[[nodiscard]] std::wstring failure(const odbc_database* db, const std::wstring& path);
+
+} // namespace tableRW
+
 class tableSource {
 public:
     explicit tableSource(const std::wstring& path) : m_path(path), m_header(L"\"" + path + L"\"") {}

@@ -19,6 +19,9 @@ public:
                 ts::strconv::encodings encoding,
                 style wanted = style::table);
 
+    // Refuses a separator that is none, and an encoding that stands for finding one out.
+    [[nodiscard]] static bool accepts(char separator, ts::strconv::encodings encoding);
+
     // Quoted where the cell would read back as something else.
     void add(std::wstring_view cell);
     // A number that reads back the same.

@@ -8,6 +8,8 @@
 #include "templates/dictionary_news.h"
 #include "templates/template_queries.h"
 
+#include <optional>
+
 using namespace sqlText;
 
 namespace {
@@ -39,11 +41,13 @@ void tell(odbc_database& db, const std::wstring& infoKey, const std::wstring& co
     dictionaryNews::infoKey(db, infoKey);
 }
 
-} // namespace
-
-bool NORLEX_dictionary::createInfoLink(odbc_database* db,
-                                       const std::wstring& infoKey,
-                                       const std::wstring& dictionary) {
+// Binds a key to a dictionary, both of which exist, by `change`, which answers false where it
+// fails, and nothing where the binding stands already.
+template <typename Change>
+bool bind(odbc_database* db,
+          const std::wstring& infoKey,
+          const std::wstring& dictionary,
+          Change change) {
     if (!templateQueries::isOpen(db))
         return false;
     transaction edited(db);
@@ -53,19 +57,31 @@ bool NORLEX_dictionary::createInfoLink(odbc_database* db,
     const auto id = infoId != 0 ? dictionaryOf(*db, dictionary) : 0;
     if (id == 0)
         return false;
-    if (isBound(*db, infoId))
-        return (getDictIDFromInfoKey(db, infoKey) == id
-                || refuse(L"the key \"" + infoKey
-                          + L"\" is bound to another dictionary; remove that binding first"))
-               && edited.commit();
-    if (!db->exec(sql(L"INSERT INTO dict_info_link (i_id, dict_id) VALUES (",
-                      key(infoId),
-                      L", ",
-                      key(id),
-                      L")")))
+    const std::optional<bool> isDone = change(infoId, id);
+    if (isDone == false)
         return false;
-    tell(*db, infoKey, dictionary + L" <- " + infoKey);
+    if (isDone)
+        tell(*db, infoKey, dictionary + L" <- " + infoKey);
     return edited.commit();
+}
+
+} // namespace
+
+bool NORLEX_dictionary::createInfoLink(odbc_database* db,
+                                       const std::wstring& infoKey,
+                                       const std::wstring& dictionary) {
+    return bind(db, infoKey, dictionary, [&](auto infoId, auto id) -> std::optional<bool> {
+        if (!isBound(*db, infoId))
+            return db->exec(sql(L"INSERT INTO dict_info_link (i_id, dict_id) VALUES (",
+                                key(infoId),
+                                L", ",
+                                key(id),
+                                L")"));
+        if (getDictIDFromInfoKey(db, infoKey) == id)
+            return std::nullopt;
+        return refuse(L"the key \"" + infoKey
+                      + L"\" is bound to another dictionary; remove that binding first");
+    });
 }
 
 bool NORLEX_dictionary::deleteInfoLink(odbc_database* db, const std::wstring& infoKey) {
@@ -87,22 +103,13 @@ bool NORLEX_dictionary::deleteInfoLink(odbc_database* db, const std::wstring& in
 bool NORLEX_dictionary::updateInfoLink(odbc_database* db,
                                        const std::wstring& infoKey,
                                        const std::wstring& dictionary) {
-    if (!templateQueries::isOpen(db))
-        return false;
-    transaction edited(db);
-    if (!edited.isOpen())
-        return false;
-    const auto infoId = infoKeyOf(*db, infoKey);
-    const auto id = infoId != 0 ? dictionaryOf(*db, dictionary) : 0;
-    if (id == 0)
-        return false;
-    if (!db->exec(
-            sql(L"UPDATE dict_info_link SET dict_id = ", key(id), L" WHERE i_id = ", key(infoId))))
-        return false;
-    if (db->affected_rows() == 0)
-        return refuse(L"the key \"" + infoKey + L"\" is bound to no dictionary");
-    tell(*db, infoKey, dictionary + L" <- " + infoKey);
-    return edited.commit();
+    return bind(db, infoKey, dictionary, [&](auto infoId, auto id) -> std::optional<bool> {
+        if (!db->exec(sql(
+                L"UPDATE dict_info_link SET dict_id = ", key(id), L" WHERE i_id = ", key(infoId))))
+            return false;
+        return db->affected_rows() != 0
+               || refuse(L"the key \"" + infoKey + L"\" is bound to no dictionary");
+    });
 }
 
 bool NORLEX_dictionary::isInfoLinkExist(odbc_database* db, const std::wstring& infoKey) {

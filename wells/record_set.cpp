@@ -135,7 +135,7 @@ bool recordSet::placeByField(odbc_database& db, const std::vector<std::int64_t>&
 }
 
 bool recordSet::readPicks(odbc_database& db, std::uint32_t wellId, const std::wstring& name) {
-    begin(2);
+    begin(3); // the border, its group, the type of the pick
     const auto rows = db.query(sql(
         L"SELECT correlation_data.d_id, correlation_borders.name, correlation_data.depth_abs, correlation_data.depth_real, correlation_data.type, correlation_borders.b_group FROM correlation_data INNER JOIN correlation_borders ON correlation_borders.b_id = correlation_data.b_id INNER JOIN correlation ON correlation_borders.cor_id = correlation.cor_id WHERE correlation.name = ",
         quotedName(name),
@@ -147,7 +147,7 @@ bool recordSet::readPicks(odbc_database& db, std::uint32_t wellId, const std::ws
     while (rows->next()) {
         NORLEX_geometryRecord r = pointOf(*rows);
         r.obj_id = rows->get_counter(0);
-        add(r, {rows->get_text(1), rows->get_text(5)});
+        add(r, {rows->get_text(1), rows->get_text(5), rows->get_text(4)});
     }
     return true;
 }
