@@ -97,12 +97,16 @@ std::string contentOf(int file) {
 writer::writer(fs::path root) : m_root(std::move(root)) {}
 
 writer::~writer() {
+    remove();
+}
+
+void writer::remove() {
     if (m_file < 0)
         return;
     std::error_code ignored;
     fs::remove_all(folder(), ignored);
     fs::remove(journalPath(m_root, m_name), ignored);
-    ::close(m_file);
+    ::close(std::exchange(m_file, -1));
     fs::remove(pendingFolder(m_root), ignored); // stays while another's journal is in it
 }
 
@@ -121,18 +125,30 @@ bool writer::open() {
                         0666);
         if (m_file < 0 && errno == ENOENT)
             continue;
-        if (m_file < 0)
-            return refuseAt(L"cannot write", journalPath(m_root, m_name), files::reason(errno));
+        if (m_file < 0) {
+            const std::wstring why = files::reason(errno);
+            std::error_code ignored;
+            fs::remove(pendingFolder(m_root), ignored); // stays while another's journal is in it
+            return refuseAt(L"cannot write", journalPath(m_root, m_name), why);
+        }
         struct stat state {};
         if (::flock(m_file, LOCK_EX | LOCK_NB) == 0 && ::fstat(m_file, &state) == 0
-            && state.st_nlink > 0)
-            return files::makeFolder(files::wide(folder()));
+            && state.st_nlink > 0) {
+            if (!files::makeFolder(files::wide(folder())))
+                remove();
+            return m_file >= 0;
+        }
         ::close(std::exchange(m_file, -1));
     }
     return refuseAt(L"cannot write", pendingFolder(m_root), L"it is removed again and again");
 }
 
 bool writer::begin() {
+    struct stat state {};
+    if (m_file >= 0 && (::fstat(m_file, &state) != 0 || state.st_nlink == 0)) {
+        ::close(std::exchange(m_file, -1)); // it went with the whole file directory
+        m_size = 0;
+    }
     if (m_file < 0 && !open())
         return false;
     m_id = m_name + L"-" + std::to_wstring(++m_transactions);
@@ -214,23 +230,32 @@ void writer::followMove(const fs::path& from, const fs::path& to) {
     }
 }
 
-void writer::undoTo(std::size_t mark) {
+// Each line goes with its operation: to undo one again, behind those before it, would take what
+// they have brought back.
+bool writer::undoTo(std::size_t mark) {
     while (m_changes.size() > mark) {
-        const change last = std::move(m_changes.back());
-        m_size = m_starts.back();
-        m_changes.pop_back();
-        m_starts.pop_back();
-        static_cast<void>(undoOne(last));
+        const change& last = m_changes.back();
+        if (!undoOne(last) || !cut(m_starts.back()))
+            return false;
         if (last.what == kind::moved)
             followMove(last.other, last.path);
+        m_changes.pop_back();
+        m_starts.pop_back();
     }
-    static_cast<void>(::ftruncate(m_file, static_cast<off_t>(m_size)));
+    return true;
+}
+
+bool writer::cut(std::size_t size) {
+    m_size = size;
+    return ::ftruncate(m_file, static_cast<off_t>(size)) == 0
+           || refuseAt(L"cannot write", journalPath(m_root, m_name), files::reason(errno));
 }
 
 // The journal is closed first: what was set aside must not be looked for when it is gone.
 void writer::end() {
+    m_isEnded = true;
     if (m_size > longEnough || !write(endLine)) { // cutting it needs no room
-        static_cast<void>(::ftruncate(m_file, 0));
+        m_isEnded = ::ftruncate(m_file, 0) == 0;
         m_size = 0;
     }
     m_id.clear();
@@ -242,6 +267,11 @@ void writer::end() {
     m_written.clear();
 }
 
+void writer::leave() {
+    if (m_file >= 0)
+        ::close(std::exchange(m_file, -1));
+}
+
 remains::remains(fs::path root, std::wstring name, int lockedFile)
     : m_root(std::move(root)), m_name(std::move(name)), m_file(lockedFile) {
     read();
@@ -250,7 +280,7 @@ remains::remains(fs::path root, std::wstring name, int lockedFile)
 remains::remains(remains&& other) noexcept
     : m_root(std::move(other.m_root)), m_name(std::move(other.m_name)),
       m_file(std::exchange(other.m_file, -1)), m_id(std::move(other.m_id)),
-      m_changes(std::move(other.m_changes)) {}
+      m_changes(std::move(other.m_changes)), m_starts(std::move(other.m_starts)) {}
 
 remains::~remains() {
     if (m_file >= 0)
@@ -260,31 +290,50 @@ remains::~remains() {
 // The last line may be cut short: its operation was not begun.
 void remains::read() {
     const std::string text = contentOf(m_file);
-    std::string_view rest = text;
-    for (auto end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
-        const auto line = rest.substr(0, end);
-        if (line.starts_with("T\t"))
-            m_id = ts::strconv::fromUtf8(line.substr(2));
-        else if (line == "E")
-            m_id.clear(), m_changes.clear();
-        else if (line.size() > 2 && line[1] == '\t')
+    std::size_t start = 0;
+    for (auto end = text.find('\n'); end != std::string::npos; end = text.find('\n', start)) {
+        const auto line = std::string_view(text).substr(start, end - start);
+        const bool isStart = line.starts_with("T\t");
+        if (isStart || line == "E") { // the end of the one before may not have been noted
+            m_id = ts::strconv::fromUtf8(isStart ? line.substr(2) : "");
+            m_changes.clear();
+            m_starts.clear();
+        } else if (line.size() > 2 && line[1] == '\t') {
             m_changes.push_back(changeOf(m_root, line));
-        rest.remove_prefix(end + 1);
+            m_starts.push_back(start);
+        }
+        start = end + 1;
     }
 }
 
 bool remains::undo() {
-    for (auto done = m_changes.rbegin(); done != m_changes.rend(); ++done)
-        if (!undoOne(*done))
+    for (; !m_changes.empty(); m_changes.pop_back(), m_starts.pop_back()) {
+        if (!undoOne(m_changes.back()))
             return false;
+        if (::ftruncate(m_file, static_cast<off_t>(m_starts.back())) != 0)
+            return refuseAt(L"cannot write", journalPath(m_root, m_name), files::reason(errno));
+    }
     return true;
 }
 
-void remains::drop() {
+void remains::removeEmptied() const {
+    for (const auto& done : m_changes)
+        if (done.what == kind::aside || done.what == kind::moved)
+            removeEmptyFolders(m_root, done.path.parent_path());
+}
+
+// A journal that stays must not be undone once more: others may change the files again.
+bool remains::drop() {
+    const bool isEmpty = ::ftruncate(m_file, 0) == 0;
     std::error_code ignored;
     fs::remove_all(pendingFolder(m_root) / ts::strconv::toUtf8(m_name), ignored);
-    fs::remove(journalPath(m_root, m_name), ignored);
+    std::error_code code;
+    fs::remove(journalPath(m_root, m_name), code);
     fs::remove(pendingFolder(m_root), ignored);
+    return isEmpty || !code
+           || refuseAt(L"cannot remove",
+                       journalPath(m_root, m_name),
+                       ts::strconv::fromUtf8(code.message()));
 }
 
 std::vector<remains> abandoned(const fs::path& root) {
@@ -294,12 +343,16 @@ std::vector<remains> abandoned(const fs::path& root) {
          i.increment(code)) {
         if (i->path().extension() != journalExtension)
             continue;
-        const int file = ::open(i->path().c_str(), O_RDONLY | O_CLOEXEC);
+        int file = ::open(i->path().c_str(), O_RDWR | O_CLOEXEC);
+        if (file < 0)
+            file = ::open(i->path().c_str(), O_RDONLY | O_CLOEXEC); // its undoing may tell why
         if (file >= 0 && ::flock(file, LOCK_EX | LOCK_NB) == 0)
             found.emplace_back(root, files::wide(i->path().stem()), file);
         else if (file >= 0)
             ::close(file);
     }
+    if (found.empty()) // empty, of a program killed before it made its journal
+        static_cast<void>(::rmdir(pendingFolder(root).c_str()));
     return found;
 }
 

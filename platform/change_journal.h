@@ -47,9 +47,11 @@ public:
     void wrote(const std::filesystem::path& path); // to be flushed at the commit
     [[nodiscard]] bool move(const std::filesystem::path& from, const std::filesystem::path& to);
 
-    void undoTo(std::size_t mark);
-    void end(); // the transaction is over: what was set aside goes
+    [[nodiscard]] bool undoTo(std::size_t mark); // false: something is still to be undone
+    void end();                                  // the transaction is over: what was set aside goes
+    void leave();                                // to the next opening, as if the process had died
     [[nodiscard]] bool isActive() const { return !m_id.empty(); }
+    [[nodiscard]] bool isEnded() const { return m_isEnded; } // the last one, on disk
     [[nodiscard]] const std::filesystem::path& root() const { return m_root; }
 
     [[nodiscard]] std::filesystem::path newName(); // for new content, in the journal's folder
@@ -61,7 +63,9 @@ public:
 
 private:
     [[nodiscard]] bool open();
+    void remove(); // from the disk
     [[nodiscard]] bool write(const std::string& line);
+    [[nodiscard]] bool cut(std::size_t size);
     [[nodiscard]] std::filesystem::path folder() const;
     void followMove(const std::filesystem::path& from, const std::filesystem::path& to);
 
@@ -71,6 +75,7 @@ private:
     std::uint64_t m_transactions = 0;
     int m_file = -1;
     std::size_t m_size = 0; // of the file
+    bool m_isEnded = true;
     std::vector<change> m_changes;
     std::vector<std::size_t> m_starts; // of each change's line
     std::vector<std::filesystem::path> m_written;
@@ -87,7 +92,8 @@ public:
 
     [[nodiscard]] const std::wstring& id() const { return m_id; } // empty: none was open
     [[nodiscard]] bool undo();
-    void drop();
+    void removeEmptied() const; // what is committed: folders that it left empty
+    [[nodiscard]] bool drop();
 
 private:
     void read();
@@ -97,6 +103,7 @@ private:
     int m_file;
     std::wstring m_id;
     std::vector<change> m_changes;
+    std::vector<std::size_t> m_starts; // of each change's line
 };
 
 [[nodiscard]] std::vector<remains> abandoned(const std::filesystem::path& root);

@@ -34,15 +34,26 @@ handle open(const std::wstring& path, int flags, const char* mode, const wchar_t
     return handle(file);
 }
 
-template <typename Iterator>
-std::vector<std::wstring> listWith(const std::wstring& folder) {
-    std::vector<std::wstring> found;
+// A folder that is not there, or goes in the meantime, holds nothing.
+bool addFiles(const fs::path& folder, bool isDeep, std::vector<std::wstring>& found) {
     std::error_code code;
-    for (Iterator i(native(folder), code), end; !code && i != end; i.increment(code)) {
+    for (fs::directory_iterator i(folder, code), end; !code && i != end; i.increment(code)) {
         std::error_code kind;
-        if (i->is_regular_file(kind))
+        if (isDeep && fs::is_directory(i->symlink_status(kind))) {
+            if (!addFiles(i->path(), isDeep, found))
+                return false;
+        } else if (i->is_regular_file(kind)) {
             found.push_back(wide(i->path()));
+        }
     }
+    return !code || code == std::errc::no_such_file_or_directory
+           || code == std::errc::not_a_directory
+           || refuseCode(L"cannot read the folder", wide(folder), code);
+}
+
+std::vector<std::wstring> listed(const std::wstring& folder, bool isDeep) {
+    std::vector<std::wstring> found;
+    static_cast<void>(addFiles(native(folder), isDeep, found));
     std::sort(found.begin(), found.end());
     return found;
 }
@@ -70,11 +81,18 @@ std::optional<std::uint64_t> size(const std::wstring& path) {
 }
 
 std::vector<std::wstring> list(const std::wstring& folder) {
-    return listWith<fs::directory_iterator>(folder);
+    return listed(folder, false);
 }
 
 std::vector<std::wstring> listTree(const std::wstring& folder) {
-    return listWith<fs::recursive_directory_iterator>(folder);
+    return listed(folder, true);
+}
+
+bool listTree(const std::wstring& folder, std::vector<std::wstring>& found) {
+    found.clear();
+    const bool done = addFiles(native(folder), true, found);
+    std::sort(found.begin(), found.end());
+    return done;
 }
 
 bool makeFolder(const std::wstring& path) {

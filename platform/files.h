@@ -38,6 +38,8 @@ inline constexpr std::size_t longestFileName = 240;
 // Full paths of the files (not folders) directly in a folder, or below it, sorted.
 [[nodiscard]] std::vector<std::wstring> list(const std::wstring& folder);
 [[nodiscard]] std::vector<std::wstring> listTree(const std::wstring& folder);
+// The same where nothing may be missing: false when a folder cannot be read.
+[[nodiscard]] bool listTree(const std::wstring& folder, std::vector<std::wstring>& found);
 
 // Each sets the last error, naming the path and the system's reason, when it answers false.
 [[nodiscard]] bool makeFolder(const std::wstring& path); // with its parents

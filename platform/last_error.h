@@ -5,4 +5,6 @@
 
 // Keeps `line` as this thread's last error and answers false, so that a refusal reads
 // `return refuse(L"…")`. Set it where the refusal is decided, once.
-bool refuse(std::wstring line);
+//
+// Control characters are spelled as escapes, and of a very long line the middle is left out.
+bool refuse(const std::wstring& line);

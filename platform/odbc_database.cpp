@@ -1,5 +1,6 @@
 #include "odbc_database.h"
 
+#include "NORLEX_lastError.h"
 #include "platform/ascii.h"
 #include "platform/connection_pairs.h"
 #include "platform/driver_choice.h"
@@ -55,10 +56,16 @@ struct odbc_database::connection {
     bool failDriver() { return fail(ts::strconv::fromUtf8(driver->error())); }
     // A query failed for a reason that is not its own.
     void doom(const std::string& why) {
-        if (levels.empty())
-            return;
         fail(ts::strconv::fromUtf8(why));
-        levels.back().doomed = true;
+        if (!levels.empty())
+            levels.back().doomed = true;
+    }
+    // At once where that is possible, else by whoever changes files next or opens the container.
+    void putFilesRight() {
+        const std::wstring why = NORLEX_lastError();
+        if (!driver->isLost())
+            static_cast<void>(changedFiles.recover());
+        refuse(why);
     }
     bool isDoomed() const { return !levels.empty() && levels.back().doomed; }
 };
@@ -126,7 +133,9 @@ bool odbc_database::exec(std::wstring_view statement) {
 
 std::unique_ptr<odbc_result> odbc_database::query(std::wstring_view statement) {
     auto& c = *m_connection;
-    if (!c.driver || statement.find(L'\0') != std::wstring_view::npos)
+    // What is no text is in no row; its spelling in UTF-8 is that of another text, which may be.
+    if (!c.driver || statement.find(L'\0') != std::wstring_view::npos
+        || !ts::strconv::isText(statement))
         return nullptr;
     auto cursor = c.driver->query(ts::strconv::toUtf8(statement));
     if (!cursor) {
@@ -177,7 +186,11 @@ bool odbc_database::end_transaction() {
     }
     if (!c.driver->commit()) {
         c.failDriver();
+        // The engine may have failed behind its commit: files follow what the database says then.
+        const bool areFilesLeft = c.changedFiles.leave();
         rollback();
+        if (areFilesLeft)
+            c.putFilesRight();
         return false;
     }
     c.levels.clear();
@@ -194,12 +207,14 @@ void odbc_database::rollback() {
     const level ended = c.levels.back();
     c.levels.pop_back();
     c.actions.resize(ended.firstAction);
-    c.changedFiles.undoTo(ended.firstFile);
+    const bool areFilesBack = c.changedFiles.undoTo(ended.firstFile);
     const auto depth = static_cast<int>(c.levels.size());
     const bool done = depth == 0 ? c.driver->rollback() : c.driver->rollbackTo(depth);
     // An engine that ended the whole transaction by itself has undone the outer levels too.
-    if (!done && depth != 0)
+    if ((!done || !areFilesBack) && depth != 0)
         c.levels.back().doomed = true;
+    if (!areFilesBack && depth == 0)
+        c.putFilesRight();
 }
 
 bool odbc_database::in_transaction() const {

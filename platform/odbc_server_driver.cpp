@@ -108,11 +108,15 @@ public:
         }
         if (!synchroniseAll() || !run("COMMIT")) {
             m_hasFailed = true;
+            if (m_isLost)
+                m_error +=
+                    "; whether the change was stored shows when the container is opened again";
             return false;
         }
         m_isOpen = false;
         return true;
     }
+    bool isLost() const override { return m_isLost; }
     bool rollback() override {
         m_keys.forget();
         m_isOpen = false;

@@ -45,6 +45,8 @@ public:
     // is busy; when it answers false the transaction is still open and is to be rolled back.
     virtual bool begin() = 0;
     virtual bool commit() = 0;
+    // The connection is gone: whether a commit that failed came through is not known here.
+    virtual bool isLost() const { return false; }
     virtual bool rollback() = 0;
     virtual bool savepoint(int level) = 0;
     virtual bool release(int level) = 0;

@@ -137,6 +137,8 @@ public:
     }
 
     bool begin() override {
+        if (hasMoved())
+            return failMoved();
         const auto started = std::chrono::steady_clock::now();
         m_turn->take(std::chrono::milliseconds(busyMilliseconds));
         const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -227,7 +229,21 @@ private:
         return (code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED;
     }
 
+    // The engine tells only when it writes, and then calls it a read-only database.
+    bool hasMoved() const {
+        int moved = 0;
+        sqlite3_file_control(m_db, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+        return moved != 0;
+    }
+    bool failMoved() {
+        m_wasStatementWrong = false;
+        m_error = "the file was moved, removed or replaced since it was opened: open it again";
+        return false;
+    }
+
     bool fail(const char* what) {
+        if (m_db != nullptr && sqlite3_extended_errcode(m_db) == SQLITE_READONLY_DBMOVED)
+            return failMoved();
         m_wasStatementWrong = m_db != nullptr && (sqlite3_errcode(m_db) & 0xff) == SQLITE_ERROR;
         m_error =
             std::string(what) + ": " + (m_db != nullptr ? sqlite3_errmsg(m_db) : "out of memory");

@@ -217,7 +217,9 @@ Text mapAscii(const Text& text, Character first) {
 }
 
 std::wstring mapCase(std::wstring_view text, wchar_t first, caseMapping mapping) {
-    if (text.size() > longestCased || std::all_of(text.begin(), text.end(), isAscii))
+    // What is no text would become another one: U+FFFD in place of what is no character.
+    if (text.size() > longestCased || std::all_of(text.begin(), text.end(), isAscii)
+        || !isText(text))
         return mapAscii(std::wstring(text), first);
     icu::UnicodeString mapped = toIcu(text);
     return fromIcu((mapped.*mapping)(icu::Locale::getRoot()));

@@ -1,5 +1,6 @@
 #include "platform/transaction_files.h"
 
+#include "NORLEX_lastError.h"
 #include "odbc_database.h"
 #include "platform/change_journal.h"
 #include "platform/files.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -88,13 +90,14 @@ struct transaction_files::journal : changeJournal::writer {
 transaction_files::transaction_files(odbc_database* db) : m_db(db) {}
 transaction_files::~transaction_files() = default;
 
+// What others left is put right first: it may be about the files that are changed now.
 bool transaction_files::openJournal() {
     const fs::path root = bare(m_db->get_file_container_path());
     if (m_journal && m_journal->root() != root && !m_journal->isActive())
         m_journal.reset(); // the connection was given another file directory
     if (!m_journal)
         m_journal = std::make_unique<journal>(root);
-    return m_journal->isActive() || m_journal->begin();
+    return m_journal->isActive() || (recover() && m_journal->begin());
 }
 
 // Only what lies below the file directory may change, and only inside a transaction.
@@ -193,20 +196,39 @@ std::size_t transaction_files::mark() const {
     return m_journal ? m_journal->changes().size() : 0;
 }
 
-void transaction_files::undoTo(std::size_t mark) {
+// What cannot be undone now is left to whoever changes files next, or opens the container.
+bool transaction_files::undoTo(std::size_t mark) {
     if (!m_journal)
-        return;
+        return true;
+    const std::wstring why = NORLEX_lastError();
     m_journal->later.wait();
     m_journal->later.forgetFailures(mark);
-    m_journal->undoTo(mark);
-    if (mark == 0 && !m_db->in_transaction() && m_journal->isActive())
-        m_journal->end();
+    const bool done = m_journal->undoTo(mark);
+    if (mark == 0 && !m_db->in_transaction() && m_journal->isActive()) {
+        if (done)
+            m_journal->end();
+        else
+            static_cast<void>(leave());
+    }
+    refuse(why); // what is undone for comes before what hinders it
+    return done;
+}
+
+// A server may be at the commit of a program that is dead already. Such a commit holds a lock named
+// after the transaction, and whoever looks for its marker waits for that.
+bool transaction_files::holdCommit(const std::wstring& id) {
+    return !m_db->is_server()
+           || m_db->query(
+               sql(L"SELECT pg_advisory_xact_lock(hashtextextended(", quoted(id), L", 0))"))
+           || refuse(L"files of " + m_db->get_identity() + L" cannot follow its rows: "
+                     + m_db->last_error());
 }
 
 bool transaction_files::beforeCommit() {
     if (!m_journal || !m_journal->isActive())
         return true;
-    if (!finishWrites() || !flushAll(m_journal->written(), m_journal->root()))
+    if (!finishWrites() || !flushAll(m_journal->written(), m_journal->root())
+        || !holdCommit(m_journal->id()))
         return false;
     if (m_marker != 0 && !m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(m_marker))))
         return false;
@@ -229,25 +251,62 @@ void transaction_files::afterCommit() {
         changeJournal::removeEmptyFolders(m_journal->root(), folder);
 }
 
-// A marker that stays behind is one idle row.
+bool transaction_files::leave() {
+    if (!m_journal || !m_journal->isActive())
+        return false;
+    m_journal->leave();
+    m_journal.reset();
+    m_marker = 0;
+    return true;
+}
+
+// A marker that stays behind is one idle row. One that is missed lets a journal be undone that
+// tells of no end.
 void transaction_files::close() {
     const std::int64_t row = std::exchange(m_marker, 0);
-    if (row != 0 && m_db->is_connected())
-        static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(row))));
+    const bool isEnded = !m_journal || m_journal->isEnded();
     m_journal.reset(); // removes it from the disk
+    if (row != 0 && isEnded && m_db->is_connected())
+        static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(row))));
+}
+
+// 0 where there is none; nothing when that cannot be told. The oldest containers have no table for
+// markers.
+std::optional<std::int64_t> transaction_files::markerOf(const std::wstring& id) {
+    const auto number = [&](const std::wstring& query) -> std::optional<std::int64_t> {
+        const auto row = m_db->query(query);
+        if (row && row->next())
+            return row->get_counter(0);
+        refuse(L"files of " + m_db->get_identity() + L" cannot follow its rows: "
+               + m_db->last_error());
+        return std::nullopt;
+    };
+    const auto tables =
+        number(m_db->is_server() ? L"SELECT count(*) FROM pg_tables WHERE tablename = 'meta'"
+                                 : L"SELECT count(*) FROM sqlite_master WHERE name = 'meta'");
+    if (!tables || *tables == 0)
+        return tables;
+    return number(
+        sql(L"SELECT coalesce(max(m_id), 0) FROM meta WHERE m_group = 'file_changes' AND key = ",
+            quoted(id)));
 }
 
 bool transaction_files::recover() {
     const fs::path root = bare(m_db->get_file_container_path());
     for (auto& left : changeJournal::abandoned(root)) {
-        const auto row = m_db->query(sql(
-            L"SELECT m_id FROM meta WHERE m_group = 'file_changes' AND key = ", quoted(left.id())));
-        const std::int64_t marker = row && row->next() ? row->get_counter(0) : 0;
-        if (marker == 0 && !left.undo()) // a journal without an id has nothing to undo
+        std::optional<std::int64_t> marker = 0; // a journal without an id has nothing to undo
+        if (!left.id().empty() && (!holdCommit(left.id()) || !(marker = markerOf(left.id()))))
             return false;
-        left.drop();
-        if (marker != 0)
-            static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(marker))));
+        if (*marker == 0 && !left.undo())
+            return false;
+        if (*marker != 0)
+            left.removeEmptied();
+        const bool isUndone = !left.id().empty() && *marker == 0;
+        const bool isGone = left.drop();
+        if (isUndone && !isGone)
+            return false;
+        if (isGone && *marker != 0) // what stays where nothing may be written is found again
+            static_cast<void>(m_db->exec(sql(L"DELETE FROM meta WHERE m_id = ", key(*marker))));
     }
     return true;
 }

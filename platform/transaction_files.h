@@ -5,14 +5,15 @@
 // ".pending" of the container's file directory. Rolling back undoes the operations in reverse
 // order. Committing flushes the new files, puts a marker row into the table `meta` (group
 // "file_changes", key: the transaction's id), commits, and empties the journal. A journal that a
-// killed process leaves is finished or undone when the container is next opened, by whether its
-// marker is there.
+// killed process leaves, or one whose undoing failed, is finished or undone when files change next
+// or the container is opened, by whether its marker is there.
 #pragma once
 
 #include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -48,15 +49,18 @@ private:
     struct journal;
 
     // Called by the connection as its transaction goes.
-    [[nodiscard]] std::size_t mark() const; // the operations done so far
-    void undoTo(std::size_t mark);
+    [[nodiscard]] std::size_t mark() const;      // the operations done so far
+    [[nodiscard]] bool undoTo(std::size_t mark); // false: something is still to be undone
     [[nodiscard]] bool beforeCommit();
     void afterCommit();
+    bool leave(); // what is open, to recover(), which asks the database; false: nothing is
     void close(); // the connection closes
 
     [[nodiscard]] bool openJournal();
     [[nodiscard]] bool accepts(const std::wstring& path);
     [[nodiscard]] bool finishWrites();
+    [[nodiscard]] bool holdCommit(const std::wstring& id);
+    [[nodiscard]] std::optional<std::int64_t> markerOf(const std::wstring& id);
 
     odbc_database* m_db;
     std::unique_ptr<journal> m_journal;

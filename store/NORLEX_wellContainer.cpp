@@ -62,7 +62,8 @@ bool NORLEX_wellContainer::connectTo(const NORLEX_contDescription& description) 
         m_description = description;
         connection::issuePragmas(*m_db);
         // Only a container knows which of the changes that a killed program left are committed.
-        done = (upgrade::storedVersion(*m_db) == 0 || m_db->files().recover()) && updateVersion();
+        done =
+            upgrade::isSupported(*m_db, description) && m_db->files().recover() && updateVersion();
     }
     if (done) {
         if (description.type == 1) // a server's description is a text that anybody may read

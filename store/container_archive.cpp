@@ -14,7 +14,7 @@
 #include "store/container_check.h"
 #include "store/container_copy.h"
 #include "store/journal.h"
-#include "store/upgrade.h"
+#include "store/stored_version.h"
 #include "store/well_path.h"
 
 #include <algorithm>
@@ -65,7 +65,7 @@ public:
         m_held = db.is_server()
                  || (m_other.connect(db.get_connection_string()) && m_other.begin_transaction());
         if (!m_held)
-            refuse(L"the container cannot be copied: " + m_other.last_error());
+            refuse(sql(L"cannot copy ", db.get_identity(), L": ", m_other.last_error()));
     }
     [[nodiscard]] bool isHeld() const { return m_held; }
 
@@ -78,12 +78,15 @@ bool copyDatabase(odbc_database& db, const work_folder& work) {
     const std::wstring copy = work / databaseName;
     return db.is_server()
                ? containerCopy::tablesTo(db, localDescription(copy, work / L"unused/"))
-               : db.backup(copy) || refuse(L"the container cannot be copied: " + db.last_error());
+               : db.backup(copy)
+                     || refuse(sql(L"cannot copy the container to ", copy, L": ", db.last_error()));
 }
 
 // Of a file directory: the journal goes through its engine, what is being changed is left out.
 bool addFiles(archive_writer& archive, const std::wstring& root) {
-    const auto all = containerCopy::lastingFiles(root);
+    std::vector<std::wstring> all;
+    if (!containerCopy::lastingFiles(root, all))
+        return false;
     progress steps(L"reading the files", all.size());
     std::uint64_t done = 0;
     for (const auto& below : all) {
@@ -138,11 +141,13 @@ public:
         m_isNew = (!files::isFile(from) && !files::isFolder(from)) || files::move(from, to);
         return m_isNew;
     }
-    void undo() {
+    // What has to be told where that fails.
+    [[nodiscard]] std::wstring undo() {
         if (m_isNew)
             static_cast<void>(files::removeTree(m_to));
-        if (!m_aside.empty())
-            static_cast<void>(files::move(m_aside, m_to));
+        if (m_aside.empty() || files::move(m_aside, m_to))
+            return {};
+        return sql(L"; what was ", m_to, L" is now ", m_aside);
     }
     void keep() {
         if (!m_aside.empty())
@@ -167,10 +172,10 @@ bool putInPlace(const work_folder& work, const NORLEX_contDescription& target) {
         database.keep();
         return true;
     }
-    const std::wstring why = NORLEX_lastError();
-    database.undo();
-    journal.undo();
-    folder.undo();
+    std::wstring why = NORLEX_lastError();
+    why += database.undo();
+    why += journal.undo();
+    why += folder.undo();
     return refuse(why);
 }
 

@@ -8,7 +8,7 @@
 #include "store/container_check.h"
 #include "store/container_copy.h"
 #include "store/search_indexes.h"
-#include "store/upgrade.h"
+#include "store/stored_version.h"
 
 static bool refuseClosed() {
     return refuse(L"the container is closed: open it first");

@@ -36,14 +36,16 @@ bool namedSamples(odbc_database& db, std::set<std::wstring>& paths) {
     return true;
 }
 
-std::set<std::wstring> samplesBelow(const odbc_database& db) {
-    std::set<std::wstring> paths;
+bool samplesBelow(const odbc_database& db, std::set<std::wstring>& paths) {
     const std::wstring root = files::wide(files::native(NORLEX_getFilePath(db)));
-    for (const auto& path : files::listTree(root))
+    std::vector<std::wstring> all;
+    if (!files::listTree(root, all))
+        return false;
+    for (const auto& path : all)
         if (files::extensionOf(path) == L".wpdb"
             && !path.substr(root.size()).starts_with(L".pending"))
             paths.insert(path);
-    return paths;
+    return true;
 }
 
 std::vector<std::wstring> without(const std::set<std::wstring>& all,
@@ -67,9 +69,9 @@ void addFiles(const wchar_t* kind,
 
 bool checkSamples(odbc_database& db, std::vector<NORLEX_checkFinding>& findings) {
     std::set<std::wstring> named;
-    if (!namedSamples(db, named))
+    std::set<std::wstring> there;
+    if (!namedSamples(db, named) || !samplesBelow(db, there))
         return false;
-    const auto there = samplesBelow(db);
     addFiles(L"log without a sample file", without(named, there), false, findings);
     addFiles(L"sample file without a log", without(there, named), true, findings);
     return true;
@@ -77,11 +79,12 @@ bool checkSamples(odbc_database& db, std::vector<NORLEX_checkFinding>& findings)
 
 bool removeSamples(odbc_database& db, std::vector<NORLEX_checkFinding>& removed) {
     std::set<std::wstring> named;
-    if (!namedSamples(db, named))
+    std::set<std::wstring> there;
+    if (!namedSamples(db, named) || !samplesBelow(db, there))
         return false;
-    const auto orphans = without(samplesBelow(db), named);
+    const auto orphans = without(there, named);
     addFiles(L"sample file without a log", orphans, true, removed);
-    return std::ranges::all_of(orphans, [&](const auto& path) { return db.files().remove(path); });
+    return db.files().remove(orphans);
 }
 
 } // namespace

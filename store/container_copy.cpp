@@ -120,6 +120,13 @@ std::vector<schema::table> tablesOf(odbc_database& from) {
     return out;
 }
 
+// A query that failed has doomed the transaction it was read in: what it gave is not all.
+bool isReadWhole(odbc_database& from) {
+    const transaction probe(&from);
+    return probe.isOpen()
+           || refuse(sql(L"cannot copy ", from.get_identity(), L": ", from.last_error()));
+}
+
 bool copyTables(odbc_database& from, odbc_database& to) {
     const auto tables = tablesOf(from);
     progress steps(L"copying the tables", tables.size());
@@ -131,7 +138,7 @@ bool copyTables(odbc_database& from, odbc_database& to) {
             return false;
         steps.advance(++done);
     }
-    return true;
+    return isReadWhole(from);
 }
 
 // The marker of a finished file change says something of its own file directory only.
@@ -141,7 +148,9 @@ bool dropMarkers(odbc_database& to) {
 
 bool copyFiles(odbc_database& from, const std::wstring& targetFolder) {
     const std::wstring root = NORLEX_getFilePath(from);
-    const auto all = lastingFiles(root);
+    std::vector<std::wstring> all;
+    if (!lastingFiles(root, all))
+        return false;
     progress steps(L"copying the files", all.size());
     std::uint64_t done = 0;
     for (const auto& below : all) {
@@ -173,17 +182,18 @@ bool copyWith(odbc_database& from,
 
 } // namespace
 
-std::vector<std::wstring> lastingFiles(const std::wstring& root) {
-    std::vector<std::wstring> out;
+bool lastingFiles(const std::wstring& root, std::vector<std::wstring>& found) {
+    found.clear();
     const std::filesystem::path folder = files::native(root);
-    if (root.empty())
-        return out;
-    for (const auto& path : files::listTree(files::wide(folder))) {
+    std::vector<std::wstring> all;
+    if (!root.empty() && !files::listTree(files::wide(folder), all))
+        return false;
+    for (const auto& path : all) {
         const std::wstring below = files::wide(files::native(path).lexically_relative(folder));
         if (!below.starts_with(L".pending/") && !below.starts_with(L"journal.db"))
-            out.push_back(below);
+            found.push_back(below);
     }
-    return out;
+    return true;
 }
 
 bool copyJournal(const std::wstring& fromFolder, const std::wstring& toFolder) {

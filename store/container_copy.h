@@ -19,7 +19,7 @@ namespace containerCopy {
 
 // Below a file directory, without it: all files but the action journal, which may be open, and
 // those of changes under way.
-[[nodiscard]] std::vector<std::wstring> lastingFiles(const std::wstring& root);
+[[nodiscard]] bool lastingFiles(const std::wstring& root, std::vector<std::wstring>& found);
 
 // The action journal of one file directory into another folder, through its engine.
 [[nodiscard]] bool copyJournal(const std::wstring& fromFolder, const std::wstring& toFolder);

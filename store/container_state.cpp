@@ -8,7 +8,7 @@
 #include "store/container_settings.h"
 #include "store/schema.h"
 #include "store/search_indexes.h"
-#include "store/upgrade.h"
+#include "store/stored_version.h"
 
 using namespace sqlText;
 namespace settings = containerSettings;

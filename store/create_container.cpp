@@ -14,7 +14,7 @@
 #include "store/plot_templates.h"
 #include "store/replaced_container.h"
 #include "store/schema.h"
-#include "store/upgrade.h"
+#include "store/stored_version.h"
 
 using namespace sqlText;
 

@@ -9,7 +9,7 @@
 #include "platform/uuid.h"
 #include "store/connection.h"
 #include "store/plot_templates.h"
-#include "store/upgrade.h"
+#include "store/stored_version.h"
 #include "store/well_path.h"
 
 #include <algorithm>
@@ -95,13 +95,13 @@ void replacedContainer::discard() {
 }
 
 void replacedContainer::restore() {
-    const std::wstring why = NORLEX_lastError();
+    std::wstring why = NORLEX_lastError();
     if (m_description.type == 1 && files::isFile(m_description.path)) {
         static_cast<void>(files::removeFile(m_description.path));
         removeEngineFiles(m_description.path);
     }
-    if (!m_aside.empty())
-        static_cast<void>(files::move(m_aside, m_description.path));
+    if (!m_aside.empty() && !files::move(m_aside, m_description.path))
+        why += sql(L"; what was ", m_description.path, L" is now ", m_aside);
     const std::wstring& folder = m_description.fileContainerPath;
     if (!m_hadFolder && !folder.empty())
         static_cast<void>(files::removeTree(folder));
@@ -109,14 +109,21 @@ void replacedContainer::restore() {
         if (std::find(m_plotTemplates.begin(), m_plotTemplates.end(), file)
             == m_plotTemplates.end())
             removeWithFolders(file);
+    removeEmptyFolders(plotTemplates::folder(folder));
     refuse(why);
 }
 
 // With the folders that it leaves empty, up to the file directory.
 void replacedContainer::removeWithFolders(const std::wstring& file) const {
-    auto root = files::native(m_description.fileContainerPath);
-    if (!root.has_filename())
-        root = root.parent_path();
     static_cast<void>(files::removeFile(file));
-    changeJournal::removeEmptyFolders(root, files::native(file).parent_path());
+    removeEmptyFolders(files::folderOf(file));
+}
+
+void replacedContainer::removeEmptyFolders(const std::wstring& folder) const {
+    const auto bare = [](const std::wstring& path) {
+        const auto whole = files::native(path);
+        return whole.has_filename() ? whole : whole.parent_path();
+    };
+    if (!folder.empty())
+        changeJournal::removeEmptyFolders(bare(m_description.fileContainerPath), bare(folder));
 }

@@ -10,6 +10,7 @@
 #include "platform/transaction.h"
 #include "store/journal.h"
 #include "store/schema.h"
+#include "store/stored_version.h"
 #include "store/upgrade_backup.h"
 #include "store/upgrade_steps.h"
 #include "store/upgrade_tools.h"
@@ -61,7 +62,7 @@ bool runChain(odbc_database& db) {
         return true;
     return nameBorderTemplate(db) && runSteps(db, version)
            && db.exec(sql(L"UPDATE base_version SET version = ", key(currentVersion)))
-           && whole.commit();
+           && (storedVersion(db) == currentVersion || refuse(db.last_error())) && whole.commit();
 }
 
 bool isAgreed(const std::wstring& path, int version) {
@@ -76,37 +77,35 @@ bool refuseWithMessage(const std::wstring& path, int version) {
     return refuse(sql(versionFound(path, version), L"its upgrade failed and was undone: ", why));
 }
 
-} // namespace
-
-int storedVersion(odbc_database& db) {
-    int version = 0;
-    const auto rows = db.query(L"SELECT version FROM base_version");
-    while (rows && rows->next())
-        version = rows->get_int(0);
-    return version;
+// 0 where it cannot be read, or is a later one.
+int supportedVersion(odbc_database& db, const NORLEX_contDescription& description) {
+    const int version = storedVersion(db);
+    if (version > currentVersion)
+        refuse(versionFound(description.path, version)
+               + L"a newer release of this library reads it");
+    else if (version == 0)
+        refuse(sql(L"cannot open ",
+                   description.path,
+                   L": it is no well database, its schema version cannot be read",
+                   db.last_error().empty() ? L"" : L" (" + db.last_error() + L")"));
+    return version > currentVersion ? 0 : version;
 }
 
+} // namespace
+
 bool isSupported(odbc_database& db, const NORLEX_contDescription& description) {
-    const int version = storedVersion(db);
-    if (version == 0)
-        return refuse(sql(L"cannot open ",
-                          description.path,
-                          L": it is no well database, its schema version cannot be read",
-                          db.last_error().empty() ? L"" : L" (" + db.last_error() + L")"));
-    return version <= currentVersion
-           || refuse(versionFound(description.path, version)
-                     + L"a newer release of this library reads it");
+    return supportedVersion(db, description) != 0;
 }
 
 bool bringUpToDate(odbc_database& db, const NORLEX_contDescription& description) {
     const std::wstring& path = description.path;
-    const int version = storedVersion(db);
+    const int version = supportedVersion(db, description);
     if (version == currentVersion)
         return true;
-    if (!isSupported(db, description) || !isAgreed(path, version))
+    if (version == 0 || !isAgreed(path, version))
         return false;
     const bool isSafe = description.type != 1 || backUp(db, path, version);
-    if (!isSafe || !runChain(db) || storedVersion(db) != currentVersion)
+    if (!isSafe || !runChain(db))
         return refuseWithMessage(path, version);
     journal::add(db, journal::containerObject, journal::upgradeAction, L"");
     return true;

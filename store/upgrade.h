@@ -1,13 +1,10 @@
-// The version of a container's schema, and what brings an older one to the current.
+// Brings a container of an older version to the current one.
 #pragma once
 
 class odbc_database;
 struct NORLEX_contDescription;
 
 namespace upgrade {
-
-// The version in the table `base_version`, the last row's; 0 when it cannot be read.
-[[nodiscard]] int storedVersion(odbc_database& db);
 
 // Whether the container is of the current version or can be brought to it; changes nothing. A
 // refusal names the version found.
