@@ -45,6 +45,8 @@ public:
             return false;
         if (m_options.dryRun)
             return check();
+        // Inside a transaction of the caller's, the samples may be read before that is committed.
+        m_writesLater = !m_db.in_transaction();
         transaction whole(&m_db);
         return whole.isOpen() && write() && whole.commit();
     }
@@ -70,6 +72,7 @@ private:
     exactNotes::notes m_notes;
     lasImportSamples::depth_column m_depths;
     std::vector<lasImportLogs::target> m_targets; // one a curve
+    bool m_writesLater = true;                    // in a thread, until the commit
 };
 
 bool las_import::readFile() {
@@ -254,7 +257,7 @@ bool las_import::writeLogs(logRecords::maker& logs) {
                           [writer, curve, missing](std::FILE* file) {
                               return writer->write(file, *curve, missing);
                           },
-                          true}))
+                          m_writesLater}))
             return false;
         ++m_result.created;
         steps.advance(i + 1);

@@ -65,7 +65,7 @@ targets(const NORLEX_lasfileExt& file, const std::wstring& group, const exactNot
     for (std::size_t i = 0; i < file.getNumCurves(); ++i) {
         const std::wstring& noted = notes.curves[i].name;
         std::wstring name = plainName(noted.empty() ? file.getCurveByIndex(i)->getName() : noted);
-        if (numbers::trimmed(name).empty())
+        if (name.empty() || (noted.empty() && numbers::trimmed(name).empty()))
             name = L"CURVE_" + std::to_wstring(i + 1);
         out.push_back({{unused(name, used), plainGroup}, what::create});
     }

@@ -37,7 +37,7 @@ std::wstring text(double x) {
 lasDescription readable(lasDescription entry) {
     entry.mnemonic = exactNotes::mnemonicOf(entry.mnemonic);
     for (wchar_t& c : entry.unit)
-        if (c == L' ' || c == L'\t' || c == L':' || c == L'~')
+        if (std::wstring_view(L" \t\r\n:~").find(c) != std::wstring_view::npos)
             c = L'_';
     std::replace(entry.value.begin(), entry.value.end(), L':', L'_');
     std::replace(entry.value.begin(), entry.value.end(), L'~', L'-');
@@ -102,11 +102,12 @@ void addCurves(exact_content& content, const std::vector<exportedLogs::source>& 
     }
 }
 
-// What the header's values lose of the names.
+// What the header's values lose of the names, and readers do: control characters are dropped.
 void addNames(exact_content& content, const NORLEX_wellDescription& well) {
+    const auto isControl = [](wchar_t c) { return static_cast<unsigned>(c) < 0x20 || c == 0x7F; };
     const auto isKept = [&](const std::wstring& name) {
         return readable({L"", L"", name, L""}).value == name && numbers::trimmed(name) == name
-               && name.find_first_of(L"\r\n") == std::wstring::npos;
+               && std::none_of(name.begin(), name.end(), isControl);
     };
     if (!isKept(well.name))
         content.notes.wellName = well.name;

@@ -303,7 +303,7 @@ public:
     [[nodiscard]] bool recalcDepth(bool announce = true);
 
     // Smallest and largest value, missing ones left out, from the header of the sample file.
-    // False, or 0.0, without a file or with one of the older format, which has no range.
+    // False, or 0.0, without a value or a file, or with one of the older format that has none.
     [[nodiscard]] bool getRange(double& smallest, double& largest);
     [[nodiscard]] double getMinValue();
     [[nodiscard]] double getMaxValue();

@@ -88,6 +88,8 @@ bool readReference(textScanner& in, fieldReference& out) {
     const auto field = in.name(L"the field of a property");
     if (!field)
         return false;
+    if (field->empty())
+        return in.fail(L"the field before this has an empty name; that of a field is expected");
     out.field = *field;
     return true;
 }

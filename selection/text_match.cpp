@@ -11,9 +11,11 @@ namespace {
 // The local engine refuses patterns of more than 50,000 bytes.
 constexpr std::size_t longestPattern = 10'000;
 
-// Of the signs that a pattern gives a meaning, none; a backslash is one to some engines.
+// Of the signs that a pattern gives a meaning, none; a backslash is one to some engines. The local
+// engine's patterns take U+FFFE and U+FFFF for U+FFFD.
 bool fitsPattern(std::wstring_view value) {
-    return value.size() <= longestPattern && value.find_first_of(L"%_\\") == value.npos;
+    return value.size() <= longestPattern
+           && value.find_first_of(L"%_\\\uFFFD\uFFFE\uFFFF") == value.npos;
 }
 
 std::wstring literal(std::wstring_view text, bool ignoreCase) {

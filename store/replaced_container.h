@@ -24,6 +24,7 @@ public:
 private:
     [[nodiscard]] bool readOld();
     void removeWithFolders(const std::wstring& file) const;
+    void removeEmptyFolders(const std::wstring& folder) const;
 
     NORLEX_contDescription m_description;
     std::wstring m_aside; // empty: there was no file

@@ -1,6 +1,7 @@
 #include "NORLEX_propTemplate.h"
 
 #include "odbc_database.h"
+#include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/audit.h"
@@ -19,13 +20,14 @@ constexpr bool isOneOf(NORLEX_dataType type, unsigned int mask) {
 
 NORLEX_propTemplate::NORLEX_propTemplate(odbc_database* db, const std::wstring& name)
     : m_db(db), m_name(name) {
-    const auto rows =
-        db == nullptr
-            ? nullptr
-            : db->query(sql(L"SELECT description, bt_id, type FROM base_template WHERE name =",
-                            quoted(name)));
-    if (!rows || !rows->next())
+    if (!templateQueries::isOpen(db))
         return;
+    const auto rows = db->query(
+        sql(L"SELECT description, bt_id, type FROM base_template WHERE name =", quoted(name)));
+    if (!rows || !rows->next()) {
+        refuse(sql(L"there is no template \"", name, L"\""));
+        return;
+    }
     m_description = rows->get_text(0);
     m_id = static_cast<std::uint32_t>(rows->get_counter(1));
     m_type = getDataTypeByEnum(rows->get_text(2));

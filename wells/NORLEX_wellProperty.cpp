@@ -5,18 +5,31 @@
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
+#include "platform/transaction_files.h"
 #include "store/journal.h"
+#include "store/well_path.h"
 #include "templates/property_fields.h"
 #include "wells/announce.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
 #include "wells/property_state.h"
 #include "wells/query.h"
+#include "wells/sample_file.h"
 #include "wells/well_records.h"
 
 #include <algorithm>
+#include <span>
 
 using namespace sqlText;
+
+// A log has a sample file from the beginning, so that a missing one is always a loss.
+static bool writeNoSamples(odbc_database& db,
+                           const NORLEX_wellDescription& well,
+                           const NORLEX_propDescription& log) {
+    return db.files().write(samplePathOf(NORLEX_getWellPath(&db, well), log), [](std::FILE* file) {
+        return sampleFile::write(file, std::span<const NORLEX_logSample>());
+    });
+}
 
 NORLEX_wellProperty::NORLEX_wellProperty(odbc_database* db,
                                          std::int64_t propertyId,
@@ -56,6 +69,7 @@ bool NORLEX_wellProperty::create(odbc_database* db,
         return false;
     const std::int64_t id = propertyRecords::find(*db, wellId, prop);
     if (id == 0 || !propertyFields::addAll(*db, id, source.getFieldList())
+        || (source.getType() == NORLEX_dataTypeLog && !writeNoSamples(*db, *well, prop))
         || !wellRecords::touch(*db, wellId))
         return false;
     journal::add(*db,

@@ -101,7 +101,10 @@ std::uint64_t NORLEX_wellProperty::getRecordCount() {
     refresh();
     if (!m_state->ok)
         return 0;
-    if (m_state->records)
+    const auto kind = propertyRecords::geometryOf(m_state->type);
+    const bool areRecords =
+        kind != propertyRecords::geometry::samples && kind != propertyRecords::geometry::none;
+    if (areRecords && m_state->records)
         return m_state->records->records().size();
     if (m_state->samplesLoaded)
         return m_state->samples.size();

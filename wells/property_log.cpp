@@ -152,7 +152,7 @@ bool NORLEX_wellProperty::getRange(double& smallest, double& largest) {
     sampleFile::header head;
     if (!isLog() || !sampleFile::readHeader(samplePath(), head))
         return false;
-    if (!head.hasRange)
+    if (!head.hasRange || !(head.smallest <= head.largest)) // without a value they are turned over
         return refuse(L"the sample file of " + names::shown(m_state->descr) + L" holds no range");
     smallest = head.smallest;
     largest = head.largest;

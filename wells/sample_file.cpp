@@ -212,7 +212,7 @@ bool readRange(const std::wstring& path, header& out, NORLEX_depthRange& range) 
     if (!file || !parseHeader(file.get(), path, out))
         return false;
     if (out.count == 0)
-        return refuse(path + L" holds no samples");
+        return false;
     NORLEX_logSample first;
     NORLEX_logSample last;
     const std::uint64_t lastAt = out.firstSample + std::uint64_t{out.count - 1} * sizeof last;

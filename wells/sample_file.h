@@ -30,6 +30,7 @@ struct header {
 // shorter than its sample count says; memory is taken only after that check.
 [[nodiscard]] bool readHeader(const std::wstring& path, header& out);
 [[nodiscard]] bool read(const std::wstring& path, std::vector<NORLEX_logSample>& samples);
+// A file without samples has no range, which is no error.
 [[nodiscard]] bool readRange(const std::wstring& path, header& out, NORLEX_depthRange& range);
 
 // For transaction_files::write: `file` is new and empty. A value that is not finite is written as

@@ -59,6 +59,9 @@ bool NORLEX_well::getPropertyLasDepthRange(const NORLEX_propDescription& given,
     if (!row || row->type != NORLEX_dataTypeLog)
         return refuse(L"the well has no log " + names::shown(prop));
     sampleFile::header head;
-    return sampleFile::readRange(
-        samplePathOf(NORLEX_getWellPath(m_db, m_wellId), prop), head, range);
+    const std::wstring path = samplePathOf(NORLEX_getWellPath(m_db, m_wellId), prop);
+    if (sampleFile::readRange(path, head, range))
+        return true;
+    const bool isEmpty = head.firstSample != 0 && head.count == 0;
+    return isEmpty ? refuse(L"the log " + names::shown(prop) + L" has no samples") : false;
 }

@@ -128,7 +128,7 @@ TEST_F(ContainerExportTest, writesWhatTheExportOfTheWellWrites) {
     const NORLEX_wellDescription two{L"O", L"F", L"2", 0};
     makeWellWithLog(two);
     NORLEX_well well(db(), one);
-    ASSERT_TRUE(well.createProperty(NORLEX_dataTypeLog, {L"EMPTY", L"B"})); // without a file
+    ASSERT_TRUE(well.createProperty(NORLEX_dataTypeLog, {L"EMPTY", L"B"})); // without samples
     ASSERT_TRUE(well.createProperty(NORLEX_dataTypeMarker, {L"M", L"A"}));
     const struct {
         NORLEX_wellDescription well;

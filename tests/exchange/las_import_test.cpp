@@ -243,7 +243,7 @@ TEST_F(LasImportTest, dryRunWritesNothing) {
 
 TEST_F(LasImportTest, refusalsNameTheReasonAndLeaveNothing) {
     const std::string well = "WELL. W : n\n";
-    const std::string curves = "DEPT.M : d\nGR. : g\n";
+    const std::string curves = "DEPT.M :  d\nGR. : g\n";
     const std::string longName(300, 'n');
     const auto text = folder.write(L"a.las", "some text\n");
     const auto onlyDepth = las(L"b.las", well, "DEPT.M : d\n", "1\n2\n");
@@ -308,4 +308,26 @@ TEST_F(LasImportTest, announcesAfterTheCommit) {
                                                    {eventKind::property, eventAction::create},
                                                    {eventKind::well, eventAction::update}};
     EXPECT_EQ(seen, want);
+}
+
+// The samples are written beside the rows; a caller's transaction may read them before it ends.
+TEST_F(LasImportTest, insideACallersTransactionSamplesAreReadAtOnce) {
+    constexpr std::size_t rowCount = 60'000; // so that writing them takes longer than the rows
+    constexpr int curveCount = 8;
+    std::string curves = "DEPT.M :\n";
+    std::string rows;
+    for (int curve = 0; curve < curveCount; ++curve)
+        curves += "C" + std::to_string(curve) + ". :\n";
+    for (std::size_t row = 0; row < rowCount; ++row)
+        rows += std::to_string(row) + " 1 2 3 4 5 6 7 8\n";
+    ASSERT_TRUE(container->beginTransaction());
+    const auto taken = import(las(L"wide.las", "WELL. 1 :\n", curves, rows));
+    ASSERT_TRUE(taken.ok) << ts::strconv::toUtf8(taken.error);
+    for (int curve = curveCount - 1; curve >= 0; --curve)
+        EXPECT_EQ(samples(taken.well, {L"C" + std::to_wstring(curve), L"LAS"}).size(), rowCount);
+    std::vector<NORLEX_checkFinding> findings;
+    EXPECT_TRUE(container->check(findings));
+    EXPECT_TRUE(findings.empty());
+    container->rollbackTransaction();
+    EXPECT_EQ(storedFiles(), 0U);
 }

@@ -147,6 +147,8 @@ TEST(QueryTextTest, saysWhereItWentWrong) {
         {true, L"A.b = 1 and ()", 14, L"a property"},
         {true, L"not A.b = 1", 5, L"\"exists\" is expected"},
         {true, L"A = 1", 3, L"the field"},
+        {true, L"A.\"\" = 1", 6, L"an empty name"},
+        {false, L"A.\"\" = 1", 6, L"an empty name"},
     };
     for (const auto& one : cases) {
         const std::string where = ts::strconv::toUtf8(one.text);

@@ -1,3 +1,4 @@
+#include "NORLEX_dictionary.h"
 #include "tests/templates/template_fixture.h"
 
 using T = NORLEX_propTemplate;
@@ -136,6 +137,15 @@ TEST_F(TemplateTest, drawTypeIsThatOfThePropertiesToo) {
     EXPECT_EQ(all(L"SELECT pr_id FROM property WHERE draw_type = 'labels;font=8''' ORDER BY pr_id"),
               L"1,2,4");
     EXPECT_EQ(heard, (list{L"11 Маркер", L"7 own", L"7 topsg"}));
+}
+
+TEST_F(TemplateTest, whatIsNotThereSaysSo) {
+    const T noTemplate(db(), L"a");
+    EXPECT_FALSE(noTemplate.isOK());
+    EXPECT_EQ(NORLEX_lastError(), L"there is no template \"a\"");
+    const NORLEX_dictionary noDictionary(db(), L"b");
+    EXPECT_FALSE(noDictionary.isOK());
+    EXPECT_EQ(NORLEX_lastError(), L"there is no dictionary \"b\"");
 }
 
 // A container that is closed hands out null; a connection may be closed behind a template's back.

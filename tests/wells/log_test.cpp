@@ -101,6 +101,7 @@ TEST_F(WellTest, otherKindsAndMissingFilesHaveNoSamples) {
     auto w = well();
     ASSERT_TRUE(w.createProperty(NORLEX_dataTypeMarker, {L"M", L""}));
     ASSERT_TRUE(w.createProperty(NORLEX_dataTypeLog, gr));
+    ASSERT_TRUE(files::removeFile(samplePath(gr)));
     double range = 0.0;
     for (const auto& prop : {NORLEX_propDescription(L"M", L""), gr}) {
         auto property = w.openProperty(prop);
@@ -119,6 +120,45 @@ TEST_F(WellTest, otherKindsAndMissingFilesHaveNoSamples) {
     EXPECT_EQ(log->getRecordCount(), 1U);
     NORLEX_wellProperty noSurvey(db(), log->getID(), nullptr);
     EXPECT_FALSE(noSurvey.recalcDepth());
+}
+
+TEST_F(WellTest, samplesAreCountedThoughALogHasNoRecords) {
+    ASSERT_TRUE(makeLog(gr));
+    auto w = well();
+    const auto log = w.openProperty(gr);
+    EXPECT_TRUE(log->getRecords().empty());
+    EXPECT_EQ(log->getRecordCount(), 3U);
+    ASSERT_TRUE(log->setSamples({{1, 1, 1}}));
+    EXPECT_EQ(log->getRecordCount(), 1U);
+}
+
+TEST_F(WellTest, logsWithoutAValueHaveNoRange) {
+    auto w = well();
+    ASSERT_TRUE(w.createProperty(NORLEX_dataTypeLog, {L"new", L""}));
+    const auto id = wellId();
+    ASSERT_TRUE(NORLEX_wellProperty::createLAS(db(), id, {L"empty", L""}, L"", {}));
+    ASSERT_TRUE(NORLEX_wellProperty::createLAS(
+        db(), id, {L"missing", L""}, L"", {{1, -1, NORLEX_missingValue}, {2, -2, std::nan("")}}));
+    const struct {
+        const wchar_t* name;
+        std::size_t samples;
+    } logs[] = {{L"new", 0}, {L"empty", 0}, {L"missing", 2}};
+    for (const auto& [name, count] : logs) {
+        const auto log = w.openProperty({name, L""});
+        std::vector<NORLEX_logSample> samples;
+        EXPECT_TRUE(log->getSamples(samples)) << lastError();
+        EXPECT_EQ(samples.size(), count) << name;
+        double smallest = 5.0;
+        double largest = 5.0;
+        EXPECT_FALSE(log->getRange(smallest, largest)) << name;
+        EXPECT_EQ(log->getMinValue(), 0.0) << name;
+        EXPECT_EQ(log->getMaxValue(), 0.0) << name;
+        // neither the log nor its copy lacks its file
+        EXPECT_TRUE(NORLEX_wellProperty::copy(db(), id, {name, L""}, id, {name, L"copy"}, {}, {}));
+    }
+    std::vector<NORLEX_checkFinding> findings;
+    EXPECT_TRUE(container->check(findings));
+    EXPECT_TRUE(findings.empty());
 }
 
 TEST_F(WellTest, aMakerKnowsTheNamesItMadeItself) {

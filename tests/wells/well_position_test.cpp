@@ -68,7 +68,7 @@ TEST_F(WellTest, surveyAndLogsFollowTheAltitude) {
     const NORLEX_propDescription gr(L"GR", L"LAS");
     ASSERT_TRUE(NORLEX_wellProperty::createLAS(
         db(), w.getID(), gr, L"", {{50, 0, 1}, {150, 0, NORLEX_missingValue}}));
-    ASSERT_TRUE(w.createProperty(NORLEX_dataTypeLog, {L"empty", L""})) << "a log without a file";
+    ASSERT_TRUE(w.createProperty(NORLEX_dataTypeLog, {L"empty", L""})) << "a log without samples";
 
     ASSERT_TRUE(w.setAltitude(200)) << lastError();
     std::vector<NORLEX_logSample> samples;
