@@ -4,6 +4,8 @@
 #   test_server.sh start FOLDER   makes a cluster in FOLDER, starts it, and prints the lines of shell
 #                                 that tell the tests where it is
 #   test_server.sh stop FOLDER    stops it and removes FOLDER
+#   test_server.sh halt FOLDER    ends it, and its connections at once
+#   test_server.sh resume FOLDER  starts it again, at the same place
 #
 # It runs as an ordinary user: the caller, or for root, whom the server refuses, "postgres". What it
 # holds is thrown away, so it does not wait for the disk.
@@ -59,7 +61,21 @@ stop() {
     rm -rf "$folder"
 }
 
-case ${1:-} in
-    start | stop) [ $# -eq 2 ] || { echo "usage: test_server.sh start|stop FOLDER" >&2; exit 2; }; "$1" "$2" ;;
-    *) echo "usage: test_server.sh start|stop FOLDER" >&2; exit 2 ;;
+halt() {
+    (cd "$1" && as_user "$(programs)/pg_ctl" -D data -m fast -w -s stop)
+}
+
+resume() {
+    (cd "$1" && as_user "$(programs)/pg_ctl" -D data -w -s -l data/server.log restart) # as it was
+}
+
+usage() {
+    echo "usage: test_server.sh start|stop|halt|resume FOLDER" >&2
+    exit 2
+}
+
+[ $# -eq 2 ] || usage
+case $1 in
+    start | stop | halt | resume) "$1" "$2" ;;
+    *) usage ;;
 esac

@@ -1,20 +1,21 @@
 // An upgrade that does not come to its end leaves the container as it was.
 #include "tests/store/upgrade_fixture.h"
-
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <csignal>
-#include <thread>
+#include "tests/support/killed_child.h"
+#include "tests/support/run_figures.h"
 
 namespace {
-
-using clock = std::chrono::steady_clock;
 
 bool contains(const std::wstring& text, const std::wstring& part) {
     return text.find(part) != std::wstring::npos;
 }
+
+const killedChild::program upgrader("upgrader", [](const killedChild::task& task) {
+    NORLEX_setYesNoBox([](const std::wstring&) { return true; });
+    task.ready();
+    const NORLEX_wellContainer container(
+        NORLEX_wellContainer::makeDescription(files::wide(task.argument)));
+    static_cast<void>(task.returned(container.isOK()));
+});
 
 } // namespace
 
@@ -180,21 +181,7 @@ TEST_F(LocalUpgradeTest, passportOfAKilledProgramIsCompleted) {
 
 class KilledUpgradeTest : public LocalUpgradeTest {
 protected:
-    // A child that upgrades the container and is killed after `delay`.
-    void killAfter(clock::duration delay) {
-        const pid_t child = fork();
-        if (child == 0) {
-            const bool done = open();
-            container.reset();
-            _exit(done ? 0 : 1);
-        }
-        std::this_thread::sleep_for(delay);
-        kill(child, SIGKILL);
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        killed += WIFSIGNALED(status) ? 1 : 0;
-    }
-    void expectWholeCopy(const std::wstring& name) {
+    static void expectWholeCopy(const std::wstring& name) {
         if (!files::isFile(name))
             return; // killed before it was made
         odbc_database old;
@@ -203,44 +190,54 @@ protected:
         EXPECT_EQ(cell(old, L"SELECT group_concat(version) FROM base_version"), L"2");
         EXPECT_EQ(cell(old, L"SELECT count(*) FROM val WHERE f_id = 3"), L"4");
     }
-
-    int killed = 0;
+    void makeAnew() {
+        for (const auto& name : {path, path + L".v2.bak"})
+            ASSERT_TRUE(files::removeFile(name));
+        ASSERT_TRUE(files::removeTree(folder / L"wells"));
+        make(2);
+    }
+    // What the upgrade makes of the rows, and what a check says of them.
+    [[nodiscard]] std::wstring content() {
+        std::wstring out = cell(
+            *container->getBaseLink(),
+            L"SELECT (SELECT group_concat(name || type) FROM field_template) || (SELECT "
+            L"group_concat(value) FROM val) || (SELECT group_concat(value) FROM well_info_values) || "
+            L"(SELECT group_concat(path) FROM file_link) || (SELECT group_concat(name) FROM "
+            L"planshet_template) || (SELECT group_concat(depth || type) FROM point_data)");
+        std::vector<NORLEX_checkFinding> findings;
+        EXPECT_TRUE(container->check(findings)) << lastError();
+        for (const auto& finding : findings)
+            out += L"\n" + finding.kind + L" " + sqlText::key(finding.count);
+        return out;
+    }
 };
 
 // Killed at any moment, the program leaves a whole copy or none, and opening again comes to the
 // same end.
 TEST_F(KilledUpgradeTest, openingAgainCompletesIt) {
-    constexpr int moments = 24;
     make(2);
-    const auto start = clock::now();
     ASSERT_TRUE(open()) << lastError();
-    auto whole = clock::now() - start;
-    const std::wstring digest =
-        L"SELECT (SELECT group_concat(name || type) FROM field_template) || (SELECT "
-        L"group_concat(value) FROM val) || (SELECT group_concat(value) FROM well_info_values) || "
-        L"(SELECT group_concat(path) FROM file_link) || (SELECT group_concat(name) FROM "
-        L"planshet_template) || (SELECT group_concat(depth || type) FROM point_data)";
-    const std::wstring expected = cell(*container->getBaseLink(), digest);
+    const std::wstring expected = content();
     container.reset();
-    const std::string samples = disk::read(folder / L"wells/Объект/Поле/1 %22Б%22/ГК.wpdb");
+    const std::wstring log = folder / L"wells/Объект/Поле/1 %22Б%22/ГК.wpdb";
+    const std::string samples = disk::read(log);
     ASSERT_EQ(samples.size(), 100U + 4 * 24);
-    for (int moment = 0; moment < moments; ++moment) {
-        SCOPED_TRACE(moment);
-        for (const auto& name : {path, path + L".v2.bak"})
-            ASSERT_TRUE(files::removeFile(name));
-        ASSERT_TRUE(files::removeTree(folder / L"wells"));
-        make(2);
-        const int before = killed;
-        killAfter(whole * moment / moments);
-        if (killed == before)
-            whole = whole * 3 / 4; // the first one was slower than the children are
+    killedChild::killer killer("upgrader", files::native(path));
+    for (int round = 0; round < killedChild::rounds(30) && !HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        makeAnew();
+        const bool isDone = killer.kill() > 0;
         expectWholeCopy(path + L".v2.bak");
+        questions.clear();
         ASSERT_TRUE(open()) << lastError();
-        EXPECT_EQ(cell(*container->getBaseLink(), digest), expected);
-        EXPECT_EQ(disk::read(folder / L"wells/Объект/Поле/1 %22Б%22/ГК.wpdb"), samples);
+        EXPECT_TRUE(!isDone || questions.empty()) << "an upgrade that had returned is gone";
+        EXPECT_EQ(content(), expected);
+        EXPECT_EQ(disk::read(log), samples);
         container.reset();
         expectWholeCopy(path + L".v2.bak");
         EXPECT_EQ(disk::names(folder.path()), (disk::list{L"wells.well2", L"wells.well2.v2.bak"}));
+        EXPECT_FALSE(files::isFolder(folder / L"wells/.pending"));
     }
-    EXPECT_GE(killed, moments / 2);
+    EXPECT_GT(killer.inside(), 0U);
+    runFigures::tell("kills survived", killer.killed());
 }

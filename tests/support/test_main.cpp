@@ -1,5 +1,5 @@
 // The tests as a host runs the library: in a locale of its own, which WELLDB_TEST_LOCALE names.
-#include <gtest/gtest.h>
+#include "killed_child.h"
 
 #include <clocale>
 #include <cstdio>
@@ -13,5 +13,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     std::setlocale(LC_MESSAGES, "C"); // what other libraries say is looked for in English
+    if (killedChild::run(argc, argv))
+        return EXIT_SUCCESS;
     return RUN_ALL_TESTS();
 }
