@@ -231,8 +231,8 @@ bool everyFault::isThrough(const std::string& name,
     m_faults.failAt(manner, n);
     const bool done = run();
     m_faults.stop();
-    const std::string at = name + ", " + m_faults.nameOf(manner) + " from call " + std::to_string(n)
-                           + ": " + m_faults.fault();
+    const std::string at = name + (name.empty() ? "" : ", ") + m_faults.nameOf(manner)
+                           + " from call " + std::to_string(n) + ": " + m_faults.fault();
     if (m_faults.fault().empty()) {
         EXPECT_TRUE(done) << at << lastError();
         return true;

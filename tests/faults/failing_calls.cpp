@@ -159,6 +159,8 @@ Call* next(Call*, const char* name) {
 // The call that this program's definition hides.
 #define REAL(name) static const auto real = next(&::name, #name)
 
+// Shared libraries find them here, whatever the program's own symbols are.
+#pragma GCC visibility push(default)
 extern "C" {
 
 int open(const char* path, int flags, ...) {
@@ -342,6 +344,7 @@ int mkdir(const char* path, mode_t mode) noexcept {
 }
 
 } // extern "C"
+#pragma GCC visibility pop
 
 namespace failing {
 

@@ -8,6 +8,7 @@
 #include "tests/wells/well_fixture.h"
 
 #include <functional>
+#include <set>
 
 namespace {
 
@@ -31,6 +32,38 @@ using NewContainerTest = FaultTest;
 using FileDirectoryTest = WellTest;
 
 } // namespace
+
+// The engine's, the standard library's, the archives' and our own.
+TEST_F(FailingCallsTest, callsOfEveryLibraryAreMet) {
+    std::set<std::string> met;
+    failing::calls faults(folder.path());
+    for (std::size_t n = 1; n == 1 || !faults.fault().empty(); ++n) {
+        faults.failAt(failing::trouble::once, n);
+        {
+            NORLEX_wellContainer c(describe(path));
+            if (c.isOK() && c.beginTransaction()) {
+                static_cast<void>(NORLEX_well::remove(c.getBaseLink(), first));
+                c.rollbackTransaction();
+                static_cast<void>(c.backup(folder / L"a.zip"));
+            }
+        }
+        faults.stop();
+        met.insert(faults.fault().substr(0, faults.fault().find(' ')));
+    }
+    for (const char* call : {"open64",
+                             "pwrite64",
+                             "fdatasync",
+                             "unlink",
+                             "mkdir",
+                             "rename",
+                             "unlinkat",
+                             "remove",
+                             "fwrite",
+                             "open",
+                             "write",
+                             "close"})
+        EXPECT_TRUE(met.contains(call)) << call;
+}
 
 TEST_F(FailingCallsTest, aLogFileIsImportedOrNot) {
     folder.write(L"in.las", lasFile);

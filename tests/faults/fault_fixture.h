@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// A container with two wells, of which the first has logs, points and intervals, and a correlation.
+// A container with two wells, of which the first has logs and points, and a correlation.
 class FaultTest : public UpgradeTest {
 protected:
     void SetUp() override {
