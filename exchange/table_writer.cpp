@@ -34,8 +34,7 @@ bool isNarrow(ts::strconv::encodings encoding) {
 bool tableWriter::accepts(char separator, ts::strconv::encodings encoding) {
     if (separator != ';' && separator != ',' && separator != '\t')
         return refuse(L"the separator of a table is \";\", \",\" or a tab");
-    return encoding != ts::strconv::detect
-           || refuse(L"a table needs an encoding to be written in");
+    return encoding != ts::strconv::detect || refuse(L"a table needs an encoding to be written in");
 }
 
 tableWriter::tableWriter(std::FILE* file,

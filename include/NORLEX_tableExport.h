@@ -33,8 +33,8 @@ struct NORLEX_tableExportResult {
 // depth or a value that is missing is an empty cell. Numbers have a decimal point and read back
 // the same. Cells are quoted where they need it; lines end with CR LF.
 //
-// Reading the table back gives the records again, blanks at the ends of a value and CR LF inside
-// of it aside, which a table does not keep. A text with characters that the encoding lacks is
-// refused. `path` is replaced once everything is written.
+// Reading the table back gives the records again, CR LF inside of a value aside, which comes back
+// as LF. A text with characters that the encoding lacks is refused. `path` is replaced once
+// everything is written.
 [[nodiscard]] NORLEX_API NORLEX_tableExportResult NORLEX_exportTable(
     odbc_database* db, const std::wstring& path, const NORLEX_tableExportOptions& options);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace connectionPairs {
 
@@ -34,23 +35,40 @@ std::optional<braced> takeBraced(std::string_view text) {
     return std::nullopt;
 }
 
-// Braces belong to the password itself unless they were needed to quote it.
+constexpr std::string_view secretName = "PWD=";
+
+// What braces around all of the text quote; nothing where they belong to the password itself, which
+// did not need them.
+std::optional<std::string> quoted(std::string_view text) {
+    auto inside = takeBraced(text);
+    if (!inside || inside->end != text.size()
+        || inside->value.find_first_of(special) == std::string::npos)
+        return std::nullopt;
+    return std::move(inside->value);
+}
+
 std::string password(std::string_view text) {
     if (text.ends_with(';'))
         text.remove_suffix(1);
-    const auto inside = takeBraced(text);
-    const bool isQuoted = inside && inside->end == text.size()
-                          && inside->value.find_first_of(special) != std::string::npos;
-    return isQuoted ? inside->value : std::string(text);
+    return quoted(text).value_or(std::string(text));
 }
 
-// Where the value of the last pair named PWD begins; the end of the text when there is none.
+// Where the last pair named PWD begins, unless it stands within the braces of one before; the end
+// of the text when there is none.
 std::size_t passwordAt(std::string_view text) {
-    for (std::size_t at = text.rfind("PWD="); at != std::string_view::npos && at > 0;
-         at = text.rfind("PWD=", at - 1))
-        if (text[at - 1] == ';')
-            return at;
-    return text.starts_with("PWD=") ? 0 : text.size();
+    std::size_t last = text.size();
+    for (std::size_t at = text.find(secretName); at < text.size();
+         at = text.find(secretName, at + 1)) {
+        if (at > 0 && text[at - 1] != ';')
+            continue;
+        last = at;
+        std::string_view value = text.substr(at + secretName.size());
+        if (value.ends_with(';'))
+            value.remove_suffix(1);
+        if (quoted(value))
+            break;
+    }
+    return last;
 }
 
 } // namespace
@@ -75,7 +93,7 @@ std::vector<pair> parse(std::string_view text) {
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     if (secret < text.size())
-        out.push_back({"PWD", password(text.substr(secret + 4))});
+        out.push_back({"PWD", password(text.substr(secret + secretName.size()))});
     return out;
 }
 

@@ -179,6 +179,8 @@ TEST(ConnectionPairsTest, takesAnyPassword) {
         {"UID=me;PWD={t{e}}s;t %1};", "t{e}s;t %1"}, // the same, quoted
         {"UID=me;PWD={abc};", "{abc}"},              // nothing there that needed the braces
         {"UID=me;PWD=xPWD=y;", "xPWD=y"},
+        {"UID=me;PWD={x;PWD=y};", "x;PWD=y"},
+        {"UID=me;PWD={x};PWD=y;", "y"},
         {"UID=me;PWD= ;;", " ;"},
         {"PWD=a", "a"},
     };
