@@ -39,7 +39,7 @@ constexpr std::string_view secretName = "PWD=";
 
 // What braces around all of the text quote; nothing where they belong to the password itself, which
 // did not need them.
-std::optional<std::string> quoted(std::string_view text) {
+std::optional<std::string> unquoted(std::string_view text) {
     auto inside = takeBraced(text);
     if (!inside || inside->end != text.size()
         || inside->value.find_first_of(special) == std::string::npos)
@@ -50,7 +50,7 @@ std::optional<std::string> quoted(std::string_view text) {
 std::string password(std::string_view text) {
     if (text.ends_with(';'))
         text.remove_suffix(1);
-    return quoted(text).value_or(std::string(text));
+    return unquoted(text).value_or(std::string(text));
 }
 
 // Where the last pair named PWD begins, unless it stands within the braces of one before; the end
@@ -65,7 +65,7 @@ std::size_t passwordAt(std::string_view text) {
         std::string_view value = text.substr(at + secretName.size());
         if (value.ends_with(';'))
             value.remove_suffix(1);
-        if (quoted(value))
+        if (unquoted(value))
             break;
     }
     return last;
