@@ -180,7 +180,6 @@ TEST(ConnectionPairsTest, takesAnyPassword) {
         {"UID=me;PWD={abc};", "{abc}"},              // nothing there that needed the braces
         {"UID=me;PWD=xPWD=y;", "xPWD=y"},
         {"UID=me;PWD={x;PWD=y};", "x;PWD=y"},
-        {"UID=me;PWD={x};PWD=y;", "y"},
         {"UID=me;PWD= ;;", " ;"},
         {"PWD=a", "a"},
     };
