@@ -1,31 +1,14 @@
 // Any bytes as a server description file: the description holds what its lines can have set.
 #include "NORLEX_wellContainer.h"
+#include "fuzz/require.h"
+#include "fuzz/scratch.h"
 #include "platform/files.h"
 #include "platform/strconv.h"
 
-#include <unistd.h>
-
 #include <cstdint>
-#include <cstdlib>
 #include <string>
-#include <system_error>
 
 namespace {
-
-// In memory where the machine has such a place.
-std::wstring scratchFile() {
-    std::error_code code;
-    const std::filesystem::path memory = "/dev/shm";
-    const auto folder = std::filesystem::is_directory(memory, code)
-                            ? memory
-                            : std::filesystem::temp_directory_path(code);
-    return files::wide(folder / ("fuzz_description." + std::to_string(::getpid())));
-}
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 // A carriage return inside a line is a part of it where the file's lines end otherwise.
 bool isValue(const std::wstring& text) {
@@ -35,7 +18,8 @@ bool isValue(const std::wstring& text) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::wstring path = scratchFile();
+    static const scratchFolder folder("fuzz_description");
+    static const std::wstring path = folder / L"input";
     {
         const auto file = files::openWrite(path);
         require(file && files::put(file.get(), {reinterpret_cast<const char*>(data), size}));

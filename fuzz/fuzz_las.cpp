@@ -5,6 +5,7 @@
 #include "NORLEX_lastError.h"
 #include "NORLEX_well.h"
 #include "NORLEX_wellContainer.h"
+#include "fuzz/require.h"
 #include "fuzz/scratch.h"
 #include "odbc_database.h"
 #include "platform/strconv.h"
@@ -21,18 +22,6 @@
 namespace {
 
 constexpr int encodingCount = ts::strconv::iso8859_5 + 1;
-
-#define require(holds) requireThat(holds, #holds)
-
-void requireThat(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::fprintf(stderr,
-                 "does not hold: %s\nlast error: %s\n",
-                 what,
-                 ts::strconv::toUtf8(NORLEX_lastError()).c_str());
-    std::abort();
-}
 
 const scratchFolder& folder() {
     static const scratchFolder made("fuzz_las");

@@ -1,19 +1,14 @@
 // Any text as a query: refused with a column, or read so that its text reads back the same.
 #include "NORLEX_lastError.h"
 #include "NORLEX_queryText.h"
+#include "fuzz/require.h"
 #include "platform/strconv.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 void requireColumn() {
     require(NORLEX_lastError().find(L"column ") != std::wstring::npos);

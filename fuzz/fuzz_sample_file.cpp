@@ -1,31 +1,15 @@
 // Any bytes as a sample file: read whole or refused, and what was read is written and read alike.
+#include "fuzz/require.h"
+#include "fuzz/scratch.h"
 #include "platform/files.h"
 #include "wells/sample_file.h"
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <cstring>
 #include <string>
-#include <system_error>
-
-namespace {
-
-std::wstring scratchFile() {
-    std::error_code code;
-    return files::wide(std::filesystem::temp_directory_path(code)
-                       / ("fuzz_sample_file." + std::to_string(::getpid())));
-}
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::wstring path = scratchFile();
+    static const scratchFolder folder("fuzz_sample_file");
+    static const std::wstring path = folder / L"input";
     {
         const auto file = files::openWrite(path);
         require(file && files::put(file.get(), {reinterpret_cast<const char*>(data), size}));

@@ -4,26 +4,15 @@
 #include "NORLEX_dataFilter.h"
 #include "NORLEX_queryText.h"
 #include "NORLEX_selection.h"
+#include "fuzz/require.h"
+#include "fuzz/scratch.h"
 #include "platform/files.h"
 
-#include <unistd.h>
-
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
-
-std::wstring scratchFile(const char* name) {
-    return files::wide(std::filesystem::temp_directory_path()
-                       / (name + std::to_string(::getpid())));
-}
 
 bool isSame(const NORLEX_selection& a, const NORLEX_selection& b) {
     bool same = a.getFilterCount() == b.getFilterCount() && a.getAddedWells() == b.getAddedWells()
@@ -58,8 +47,9 @@ void asFilter(const std::wstring& given, const std::wstring& written) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::wstring given = scratchFile("welldb_fuzz_xml_in.");
-    static const std::wstring written = scratchFile("welldb_fuzz_xml_out.");
+    static const scratchFolder folder("fuzz_selection_xml");
+    static const std::wstring given = folder / L"given";
+    static const std::wstring written = folder / L"written";
     {
         const files::handle file = files::openWrite(given);
         require(file && files::put(file.get(), {reinterpret_cast<const char*>(data), size}));

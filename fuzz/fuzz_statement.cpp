@@ -1,21 +1,16 @@
 // Any text as a statement for the server: what is adapted stays one statement and keeps its
 // literals, in their order.
+#include "fuzz/require.h"
 #include "platform/postgres_dialect.h"
 #include "platform/sql_tokens.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 std::vector<std::string_view> literalsOf(std::string_view text) {
     std::vector<std::string_view> out;

@@ -1,5 +1,6 @@
 // Any text as a stratigraphic expression, and any bytes as a chart.
 #include "NORLEX_strategraphy.h"
+#include "fuzz/require.h"
 #include "platform/files.h"
 #include "platform/strconv.h"
 
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,11 +16,6 @@ namespace {
 
 using strategraphy::element;
 using strategraphy::statoTable;
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 constexpr std::string_view chart = "E;E-on;;;;;ER;Era;A;First;A1;Lower;;;A1a;Stage a\n"
                                    "E;E-on;;;;;ER;Era;A;First;A1;Lower;;;A1b;Stage b\n"

@@ -1,20 +1,11 @@
 // Any bytes in every encoding: decoding gives text, and text survives the Unicode encodings.
+#include "fuzz/require.h"
 #include "platform/strconv.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 using namespace ts::strconv;
-
-namespace {
-
-void require(bool condition) {
-    if (!condition)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);

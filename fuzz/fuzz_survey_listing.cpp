@@ -1,32 +1,16 @@
 // Any bytes as a survey listing: refused with the stations left alone, or read as finite numbers.
 #include "exchange/survey_listing.h"
+#include "fuzz/require.h"
+#include "fuzz/scratch.h"
 #include "platform/files.h"
-
-#include <unistd.h>
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
-#include <system_error>
-
-namespace {
-
-std::wstring scratchFile() {
-    std::error_code code;
-    return files::wide(std::filesystem::temp_directory_path(code)
-                       / ("fuzz_survey_listing." + std::to_string(::getpid())));
-}
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::wstring path = scratchFile();
+    static const scratchFolder folder("fuzz_survey_listing");
+    static const std::wstring path = folder / L"input";
     {
         const auto file = files::openWrite(path);
         require(file && files::put(file.get(), {reinterpret_cast<const char*>(data), size}));

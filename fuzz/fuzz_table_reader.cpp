@@ -1,11 +1,11 @@
 // Any file as a table, and as lines: the first byte chooses the options.
+#include "fuzz/require.h"
 #include "platform/files.h"
 #include "platform/strconv.h"
 #include "platform/textio.h"
 #include "tableReader.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -13,11 +13,6 @@
 #include <unistd.h>
 
 namespace {
-
-void require(bool condition) {
-    if (!condition)
-        std::abort();
-}
 
 // Lines one by one and lines in blocks are the same lines.
 void readLines(const std::wstring& path, ts::strconv::encodings encoding) {

@@ -55,6 +55,12 @@ const std::wstring& NORLEX_lastError() {
 }
 
 bool refuse(const std::wstring& text) {
-    line() = oneLine(shortened(text));
+    line() = shortened(oneLine(text));
     return false;
+}
+
+keptReason::keptReason() : m_line(line()) {}
+
+keptReason::~keptReason() {
+    line() = m_line;
 }

@@ -1,6 +1,5 @@
 #include "odbc_database.h"
 
-#include "NORLEX_lastError.h"
 #include "platform/ascii.h"
 #include "platform/connection_pairs.h"
 #include "platform/driver_choice.h"
@@ -62,10 +61,9 @@ struct odbc_database::connection {
     }
     // At once where that is possible, else by whoever changes files next or opens the container.
     void putFilesRight() {
-        const std::wstring why = NORLEX_lastError();
+        const keptReason why;
         if (!driver->isLost())
             static_cast<void>(changedFiles.recover());
-        refuse(why);
     }
     bool isDoomed() const { return !levels.empty() && levels.back().doomed; }
 };

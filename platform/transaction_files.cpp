@@ -1,6 +1,5 @@
 #include "platform/transaction_files.h"
 
-#include "NORLEX_lastError.h"
 #include "odbc_database.h"
 #include "platform/change_journal.h"
 #include "platform/files.h"
@@ -200,7 +199,7 @@ std::size_t transaction_files::mark() const {
 bool transaction_files::undoTo(std::size_t mark) {
     if (!m_journal)
         return true;
-    const std::wstring why = NORLEX_lastError();
+    const keptReason why; // what is undone for comes before what hinders it
     m_journal->later.wait();
     m_journal->later.forgetFailures(mark);
     const bool done = m_journal->undoTo(mark);
@@ -210,7 +209,6 @@ bool transaction_files::undoTo(std::size_t mark) {
         else
             static_cast<void>(leave());
     }
-    refuse(why); // what is undone for comes before what hinders it
     return done;
 }
 

@@ -35,9 +35,8 @@ public:
     explicit work_folder(const std::wstring& path)
         : m_path(path + L".work~" + newUuid() + L"/"), m_ok(files::makeFolder(m_path)) {}
     ~work_folder() {
-        const std::wstring why = NORLEX_lastError();
+        const keptReason why;
         static_cast<void>(files::removeTree(m_path));
-        refuse(why);
     }
     work_folder(const work_folder&) = delete;
     work_folder& operator=(const work_folder&) = delete;

@@ -1,6 +1,5 @@
 #include "store/upgrade_backup.h"
 
-#include "NORLEX_lastError.h"
 #include "odbc_database.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
@@ -25,11 +24,10 @@ bool removeLeftOver(const std::wstring& part) {
     return files::removeFile(part) && files::removeFile(part + L"-journal");
 }
 
-// The reason stays the one why the copy is of no use.
 bool refuseWithout(const std::wstring& part) {
-    const std::wstring why = NORLEX_lastError();
+    const keptReason why;
     static_cast<void>(files::removeFile(part));
-    return refuse(why);
+    return false;
 }
 
 std::wstring nameOfBackup(const std::wstring& path, int version, int number) {

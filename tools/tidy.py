@@ -6,6 +6,7 @@ source that was clean, and of which neither it, a header of the project that it 
 settings have changed since, is not looked at again; BUILD_TREE/tidy remembers.
 """
 import concurrent.futures
+import functools
 import hashlib
 import json
 import os
@@ -19,16 +20,22 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 FINDING = re.compile(r" (error|warning): ")
 
 
+@functools.cache
+def included(path):
+    """The project's own files that a file names."""
+    found = []
+    for name in INCLUDE.findall(path.read_text(encoding="utf-8")):
+        places = (folder / name for folder in (ROOT, ROOT / "include", path.parent))
+        found += [place.resolve() for place in places if place.is_file()][:1]
+    return found
+
+
 def headers(path, seen):
     """The project's own files that a source is made of, itself among them."""
-    if path in seen:
-        return
-    seen.add(path)
-    for name in INCLUDE.findall(path.read_text(encoding="utf-8")):
-        for folder in (ROOT, ROOT / "include", path.parent):
-            if (folder / name).is_file():
-                headers((folder / name).resolve(), seen)
-                break
+    if path not in seen:
+        seen.add(path)
+        for name in included(path):
+            headers(name, seen)
 
 
 def fingerprint(source, command):

@@ -210,20 +210,10 @@ TEST_F(FailingCallsTest, aContainerIsBackedUpOrNot) {
 }
 
 TEST_F(FailingCallsTest, anArchiveIsRestoredOrNot) {
-    {
-        NORLEX_wellContainer c(describe(path));
-        ASSERT_TRUE(c.backup(folder / L"a.zip")) << lastError();
-        ASSERT_TRUE(NORLEX_well::remove(c.getBaseLink(), first));
-    }
+    keepArchive();
     failing::calls faults(folder.path());
     failing::everyFault each(folder, faults);
-    each.outside("restore", [this] {
-        return NORLEX_wellContainer::restore(
-            folder / L"a.zip", describe(folder / L"new.well2"), false);
-    });
-    each.outside("restore over", [this] {
-        return NORLEX_wellContainer::restore(folder / L"a.zip", describe(path), true);
-    });
+    meetRestore(each);
     runFigures::tell("file calls made to fail", each.runs());
 }
 

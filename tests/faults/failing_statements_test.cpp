@@ -67,19 +67,9 @@ TEST_F(FailingStatementsTest, copiesAndImportsAreMadeOrNot) {
 
 TEST_F(FailingStatementsTest, archivesAreRestoredOrNot) {
     makeContainer();
-    {
-        NORLEX_wellContainer c(describe(path));
-        ASSERT_TRUE(c.backup(folder / L"a.zip")) << lastError();
-        ASSERT_TRUE(NORLEX_well::remove(c.getBaseLink(), first));
-    }
+    keepArchive();
     failing::everyFault each(folder, faults);
-    each.outside("restore", [this] {
-        return NORLEX_wellContainer::restore(
-            folder / L"a.zip", describe(folder / L"new.well2"), false);
-    });
-    each.outside("restore over", [this] {
-        return NORLEX_wellContainer::restore(folder / L"a.zip", describe(path), true);
-    });
+    meetRestore(each);
     runFigures::tell("statements made to fail", each.runs());
 }
 

@@ -63,6 +63,22 @@ protected:
         folder.write(L"wells/.pending/b/1.old", "removed");
     }
 
+    // An archive of the container, which then lacks the first well.
+    void keepArchive() {
+        NORLEX_wellContainer c(describe(path));
+        ASSERT_TRUE(c.backup(folder / L"a.zip")) << lastError();
+        ASSERT_TRUE(NORLEX_well::remove(c.getBaseLink(), first));
+    }
+    void meetRestore(failing::everyFault& each) {
+        each.outside("restore", [this] {
+            return NORLEX_wellContainer::restore(
+                folder / L"a.zip", describe(folder / L"new.well2"), false);
+        });
+        each.outside("restore over", [this] {
+            return NORLEX_wellContainer::restore(folder / L"a.zip", describe(path), true);
+        });
+    }
+
     static std::vector<NORLEX_logSample> samples(int count) {
         std::vector<NORLEX_logSample> out;
         for (int i = 0; i < count; ++i)
