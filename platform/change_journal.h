@@ -13,6 +13,8 @@
 // Its process holds a lock on the file: a journal that can be locked belongs to a dead one.
 #pragma once
 
+#include "platform/journaled_change.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -21,15 +23,6 @@
 #include <vector>
 
 namespace changeJournal {
-
-enum class kind : char { created = 'C', aside = 'R', moved = 'M', folder = 'D' };
-
-// `other` is where the content went: the target of a move, the file a content was set aside in.
-struct change {
-    kind what = kind::created;
-    std::filesystem::path path;
-    std::filesystem::path other;
-};
 
 class writer {
 public:
@@ -66,7 +59,6 @@ private:
     void remove(); // from the disk
     [[nodiscard]] bool write(const std::string& line);
     [[nodiscard]] bool cut(std::size_t size);
-    [[nodiscard]] std::filesystem::path folder() const;
     void followMove(const std::filesystem::path& from, const std::filesystem::path& to);
 
     std::filesystem::path m_root;
@@ -81,34 +73,5 @@ private:
     std::vector<std::filesystem::path> m_written;
     std::size_t m_names = 0;
 };
-
-// What a dead process left.
-class remains {
-public:
-    remains(std::filesystem::path root, std::wstring name, int lockedFile);
-    ~remains();
-    remains(remains&& other) noexcept;
-    remains& operator=(remains&&) = delete;
-
-    [[nodiscard]] const std::wstring& id() const { return m_id; } // empty: none was open
-    [[nodiscard]] bool undo();
-    void removeEmptied() const; // what is committed: folders that it left empty
-    [[nodiscard]] bool drop();
-
-private:
-    void read();
-
-    std::filesystem::path m_root;
-    std::wstring m_name;
-    int m_file;
-    std::wstring m_id;
-    std::vector<change> m_changes;
-    std::vector<std::size_t> m_starts; // of each change's line
-};
-
-[[nodiscard]] std::vector<remains> abandoned(const std::filesystem::path& root);
-
-// Removes `folder` and its parents below `root` while they are empty.
-void removeEmptyFolders(const std::filesystem::path& root, std::filesystem::path folder);
 
 } // namespace changeJournal

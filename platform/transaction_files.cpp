@@ -3,6 +3,7 @@
 #include "odbc_database.h"
 #include "platform/change_journal.h"
 #include "platform/files.h"
+#include "platform/journal_remains.h"
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/strconv.h"

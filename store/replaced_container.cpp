@@ -2,8 +2,8 @@
 
 #include "NORLEX_lastError.h"
 #include "odbc_database.h"
-#include "platform/change_journal.h"
 #include "platform/files.h"
+#include "platform/journaled_change.h"
 #include "platform/last_error.h"
 #include "platform/sql_text.h"
 #include "platform/uuid.h"
