@@ -205,8 +205,8 @@ bool las_file_import::removeExisting() {
 bool las_file_import::writeLogs(logRecords::maker& logs) {
     const std::int64_t before = lasImportLogs::largestLogKey(m_db);
     const bool nullsAreNoSamples = m_notes.nullsAreNoSamples && m_depths.rows.empty();
-    const auto writer =
-        std::make_shared<lasImportSamples::sample_writer>(std::move(m_depths), nullsAreNoSamples);
+    const auto writer = std::make_shared<const lasImportSamples::sample_writer>(std::move(m_depths),
+                                                                                nullsAreNoSamples);
     progress steps(m_path, m_targets.size());
     for (std::size_t i = 0; i < m_targets.size(); ++i) {
         if (steps.isStopped())

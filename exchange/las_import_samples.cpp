@@ -60,40 +60,42 @@ void addAbsolute(depth_column& column, NORLEX_inclinometry& survey) {
 
 bool sample_writer::write(std::FILE* file,
                           const NORLEX_lasCurve& curve,
-                          exactNotes::row_ranges missing) {
+                          exactNotes::row_ranges missing) const {
     const auto points = curve.getPoints();
     const double null = curve.getNodata();
     const auto stored = [null](double value) {
         return nullValue::is(value, null) ? NORLEX_missingValue : value;
     };
-    m_values.resize(m_column.depths.size());
+    std::vector<double> values(m_column.depths.size());
     if (m_column.rows.empty())
-        for (std::size_t i = 0; i < m_values.size(); ++i)
-            m_values[i] = stored(points[i].x);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = stored(points[i].x);
     else
-        for (std::size_t i = 0; i < m_values.size(); ++i)
-            m_values[i] = stored(points[m_column.rows[i]].x);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = stored(points[m_column.rows[i]].x);
     if (m_nullsAreNoSamples)
-        return writeOwn(file, std::move(missing));
-    return sampleFile::write(file, m_column.depths, m_column.depthsAbs, m_values);
+        return writeOwn(file, std::move(values), std::move(missing));
+    return sampleFile::write(file, m_column.depths, m_column.depthsAbs, values);
 }
 
 // The notes count rows as the file has them. They are written with depths that never fall, so the
 // order of the samples is the rows' own; in a file that was sorted since, they say nothing.
-bool sample_writer::writeOwn(std::FILE* file, exactNotes::row_ranges missing) {
-    m_depths.clear();
-    m_depthsAbs.clear();
+bool sample_writer::writeOwn(std::FILE* file,
+                             std::vector<double> values,
+                             exactNotes::row_ranges missing) const {
+    std::vector<double> depths;
+    std::vector<double> depthsAbs;
     std::size_t count = 0;
-    for (std::size_t i = 0; i < m_values.size(); ++i) {
-        const double value = m_values[i];
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double value = values[i];
         if (value == NORLEX_missingValue && !missing.contains(static_cast<std::uint32_t>(i)))
             continue;
-        m_depths.push_back(m_column.depths[i]);
-        m_depthsAbs.push_back(m_column.depthsAbs[i]);
-        m_values[count++] = value;
+        depths.push_back(m_column.depths[i]);
+        depthsAbs.push_back(m_column.depthsAbs[i]);
+        values[count++] = value;
     }
-    m_values.resize(count);
-    return sampleFile::write(file, m_depths, m_depthsAbs, m_values);
+    values.resize(count);
+    return sampleFile::write(file, depths, depthsAbs, values);
 }
 
 } // namespace lasImportSamples

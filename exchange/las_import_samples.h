@@ -29,8 +29,7 @@ struct depth_column {
 
 void addAbsolute(depth_column& column, NORLEX_inclinometry& survey);
 
-// Writes the sample file of one curve. Buffers live as long as the object, so that many curves
-// cost no memory each.
+// Writes the sample files of curves, of several at a time where several threads ask it to.
 class sample_writer {
 public:
     sample_writer(depth_column column, bool nullsAreNoSamples)
@@ -38,16 +37,14 @@ public:
 
     // `missing` are the nulls that are samples where nulls are none.
     [[nodiscard]] bool
-    write(std::FILE* file, const NORLEX_lasCurve& curve, exactNotes::row_ranges missing);
+    write(std::FILE* file, const NORLEX_lasCurve& curve, exactNotes::row_ranges missing) const;
 
 private:
-    [[nodiscard]] bool writeOwn(std::FILE* file, exactNotes::row_ranges missing);
+    [[nodiscard]] bool
+    writeOwn(std::FILE* file, std::vector<double> values, exactNotes::row_ranges missing) const;
 
     depth_column m_column;
     bool m_nullsAreNoSamples;
-    std::vector<double> m_values;
-    std::vector<double> m_depths;
-    std::vector<double> m_depthsAbs;
 };
 
 } // namespace lasImportSamples

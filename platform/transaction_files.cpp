@@ -30,14 +30,6 @@ bool isThere(const fs::path& path) {
     return fs::exists(fs::symlink_status(path, code));
 }
 
-bool renamed(const fs::path& from, const fs::path& to) {
-    std::error_code code;
-    fs::rename(from, to, code);
-    return !code
-           || refuse(L"cannot move " + files::wide(from) + L" to " + files::wide(to) + L": "
-                     + ts::strconv::fromUtf8(code.message()));
-}
-
 // Without a separator at its end, so that it compares with the folders below it.
 fs::path bare(const std::wstring& path) {
     const fs::path whole = files::native(path);
@@ -53,6 +45,13 @@ bool flush(const fs::path& path, int (*call)(int)) {
     return done || refuse(L"cannot write " + files::wide(path) + L": " + files::reason(error));
 }
 
+// The disk has much of a large file by the time that the commit waits for all of it.
+void startFlush(std::FILE* file) {
+    constexpr off_t large = 1 << 20;
+    if (ftello(file) >= large)
+        static_cast<void>(::sync_file_range(fileno(file), 0, 0, SYNC_FILE_RANGE_WRITE));
+}
+
 bool writeWhole(const fs::path& place,
                 const std::wstring& shownPath,
                 const std::function<bool(std::FILE*)>& writer) {
@@ -63,6 +62,8 @@ bool writeWhole(const fs::path& place,
     const bool written = writer(file.get()) && std::fflush(file.get()) == 0;
     if (!written && errno != 0)
         refuse(L"cannot write " + shownPath + L": " + files::reason(errno));
+    if (written)
+        startFlush(file.get());
     file.reset();
     std::error_code ignored;
     if (!written)
@@ -128,7 +129,7 @@ bool transaction_files::write(const std::wstring& path,
         return false;
     const fs::path fresh = m_journal->newName();
     return writeWhole(fresh, path, writer) && m_journal->setAside({&target, 1})
-           && renamed(fresh, target);
+           && changeJournal::renamed(fresh, target);
 }
 
 bool transaction_files::writeLater(const std::wstring& path,
