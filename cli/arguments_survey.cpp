@@ -74,7 +74,7 @@ void importOptions(CLI::App& app, importArguments& request) {
 }
 
 int runImport(const importArguments& given) {
-    importSurveyRequest request = given;
+    importArguments request = given;
     request.description.azimuthCorrection = given.correction.value_or(0.0);
     return commands::importSurvey(request);
 }

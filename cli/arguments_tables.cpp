@@ -138,13 +138,14 @@ bool takeWellColumns(const std::wstring& list, NORLEX_wellTableOptions& options)
 // columns of such fields are joined when everything is read.
 void joinLookups(NORLEX_tableImportOptions& options,
                  const std::vector<std::pair<std::wstring, std::wstring>>& lookups) {
-    for (const auto& [name, path] : lookups) {
+    for (const auto& lookup : lookups) {
         const auto field = std::find_if(options.fields.begin(),
                                         options.fields.end(),
-                                        [&](const auto& f) { return f.name == name; });
+                                        [&](const auto& f) { return f.name == lookup.first; });
         if (field == options.fields.end())
-            refuseUsage("--lookup: the field \"" + text::bytes(name) + "\" is not in --columns");
-        field->lookup = path;
+            refuseUsage("--lookup: the field \"" + text::bytes(lookup.first)
+                        + "\" is not in --columns");
+        field->lookup = lookup.second;
     }
 }
 
@@ -208,8 +209,8 @@ void tableOptions(CLI::App& app, tableRequest& request) {
 }
 
 int runImportTable(const tableRequest& given) {
-    importTableRequest request = given;
-    joinLookups(request.options, given.lookups);
+    tableRequest request = given;
+    joinLookups(request.options, request.lookups);
     return commands::importTable(request);
 }
 

@@ -106,7 +106,7 @@ bool exportGrid(NORLEX_well& well,
                 const std::wstring& out,
                 const std::vector<NORLEX_wellProperty*>& logs) {
     const fileState before = stateOf(text::path(out));
-    const std::wstring errorBefore = NORLEX_lastError();
+    const std::wstring errorBefore = NORLEX_lastError(); // NOLINT: a copy, the line changes below
     well.exportLAS(out, logs);
     if (const fileState after = stateOf(text::path(out)); after.exists && after != before)
         return true;

@@ -88,6 +88,7 @@ void dataWriter::add(const std::vector<std::wstring>& cells) {
         return;
     }
     std::vector<std::string> texts;
+    texts.reserve(cells.size());
     for (const auto& cell : cells)
         texts.push_back(m_form == resultForm::csv ? text::utf8(cell) : text::shown(cell));
     if (m_form == resultForm::csv)

@@ -54,6 +54,7 @@ std::wstring listed(const std::vector<std::wstring>& candidates) {
 template <typename Description>
 std::vector<std::wstring> spelledAll(const std::vector<Description>& all) {
     std::vector<std::wstring> out;
+    out.reserve(all.size());
     for (const auto& one : all)
         out.push_back(names::spelled(one));
     return out;

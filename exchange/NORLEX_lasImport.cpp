@@ -49,7 +49,7 @@ NORLEX_lasfileExt NORLEX_lasImport::read(const std::wstring& path) {
     if (!known)
         return {path, false, m_options.encoding};
     auto content = known->reading.get();
-    refuse(std::move(content.error));
+    refuse(content.error);
     return std::move(content.file);
 }
 

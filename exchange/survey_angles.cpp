@@ -36,7 +36,8 @@ std::optional<double> bearingOf(wchar_t letter) {
     const auto at = letters.find(letter);
     if (at == std::wstring_view::npos)
         return std::nullopt;
-    return 90.0 * static_cast<double>(at / 4);
+    const std::size_t quarter = at / 4;
+    return 90.0 * static_cast<double>(quarter);
 }
 
 // From `from`, north or south, by an angle towards `to`, east or west.

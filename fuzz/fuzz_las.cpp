@@ -92,6 +92,7 @@ void checkExport(const NORLEX_wellDescription& imported) {
     well.getPropertyForGroup(L"A", names);
     std::vector<std::unique_ptr<NORLEX_wellProperty>> logs;
     std::vector<NORLEX_wellProperty*> list;
+    list.reserve(names.size());
     for (const auto& name : names)
         list.push_back(logs.emplace_back(well.openProperty({name, L"A"})).get());
     const std::wstring path = folder() / L"exported.las";

@@ -92,12 +92,12 @@ void odbc_cursor::bind() {
         one.width = one.is == content::text ? textUnits * unit : numberBytes;
         one.block = std::make_unique_for_overwrite<char[]>(one.width * m_blockRows);
         one.lengths.resize(m_blockRows);
-        const SQLSMALLINT type = one.is == content::text   ? SQL_C_WCHAR
-                                 : one.is == content::real ? SQL_C_DOUBLE
-                                                           : SQL_C_SBIGINT;
+        const int type = one.is == content::text   ? SQL_C_WCHAR
+                         : one.is == content::real ? SQL_C_DOUBLE
+                                                   : SQL_C_SBIGINT;
         SQLBindCol(handle,
                    ++number,
-                   type,
+                   static_cast<SQLSMALLINT>(type),
                    one.block.get(),
                    static_cast<SQLLEN>(one.width),
                    one.lengths.data());
@@ -106,7 +106,7 @@ void odbc_cursor::bind() {
 
 bool odbc_cursor::fetchBlock() {
     m_row = 0;
-    const SQLRETURN code = m_columns.empty() ? SQL_NO_DATA : SQLFetch(m_statement.get());
+    const SQLRETURN code = m_columns.empty() ? SQLRETURN{SQL_NO_DATA} : SQLFetch(m_statement.get());
     m_isBroken = code != SQL_NO_DATA && !SQL_SUCCEEDED(code);
     if (!SQL_SUCCEEDED(code))
         m_fetched = 0;

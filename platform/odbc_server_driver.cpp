@@ -261,13 +261,14 @@ private:
                         + "')), (SELECT max(" + key + ") FROM " + table + ")) AS max");
         if (!m_isOpen || m_keys.isLocked(table))
             return rows(text);
-        // Who may not lock a table may not write into it either: the key is not for a new row.
-        auto found = rows(text, "LOCK TABLE " + table + " IN SHARE ROW EXCLUSIVE MODE;");
-        if (found)
+        if (auto found = rows(text, "LOCK TABLE " + table + " IN SHARE ROW EXCLUSIVE MODE;")) {
             m_keys.locked(table);
-        else if (!m_isLost && m_session->failure().state == "42501")
-            return rows(text);
-        return found;
+            return found;
+        }
+        // Who may not lock a table may not write into it either: the key is not for a new row.
+        if (m_isLost || m_session->failure().state != "42501")
+            return nullptr;
+        return rows(text);
     }
 
     // Column types are asked for once a table; rows of a table that is not there fail as they

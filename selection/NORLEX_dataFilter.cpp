@@ -97,6 +97,7 @@ bool NORLEX_dataFilter::getInfoForFilterConditions(std::vector<NORLEX_wellFilter
 bool NORLEX_dataFilter::getInfoForFilterConditionsWithColumns(
     std::vector<NORLEX_wellFilterDepths>& wells, const std::vector<NORLEX_filterColumn>& columns) {
     std::vector<NORLEX_propDescription> properties;
+    properties.reserve(columns.size());
     for (const auto& [property, field] : columns)
         properties.push_back(property);
     auto found = evaluate(m_container, m_selection.get(), m_tree, &properties);
@@ -111,9 +112,10 @@ bool NORLEX_dataFilter::getGeneralTableForColumns(const std::vector<NORLEX_filte
     m_depths = depthsOf(found);
     auto rows =
         found ? filterTable::of(*found->db, found->wells, found->hits, columns) : std::nullopt;
-    if (rows)
-        table = *std::move(rows);
-    return rows.has_value();
+    if (!rows)
+        return false;
+    table = *std::move(rows);
+    return true;
 }
 
 bool NORLEX_dataFilter::saveFilter(const std::wstring& path) const {

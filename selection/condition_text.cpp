@@ -140,21 +140,24 @@ getTreeRequestAsSQLWstring(const node& tree,
     std::vector<conditionChain::siblings> open;
     conditionChain::operand whole;
     const auto leave = [&](const filterCondition& group) {
-        whole = std::move(open.back()).whole();
+        conditionChain::operand closed = std::move(open.back()).whole();
         open.pop_back();
-        if (whole.isTooDeep())
+        if (closed.isTooDeep())
             return refuse(
                 L"the conditions are nested too deeply: about 20 groups inside each "
                 L"other, joined by \"and\" and \"or\" in turn, are what a database takes");
-        if (!open.empty())
-            open.back().add(std::move(whole), group.isAnd);
+        if (open.empty())
+            whole = std::move(closed);
+        else
+            open.back().add(std::move(closed), group.isAnd);
         return true;
     };
     const auto meet = [&](const filterCondition& condition) {
         auto text = getCondString(condition, kindOf(condition));
-        if (text)
-            open.back().add(conditionChain::operand(*std::move(text)), condition.isAnd);
-        return text.has_value();
+        if (!text)
+            return false;
+        open.back().add(conditionChain::operand(*std::move(text)), condition.isAnd);
+        return true;
     };
     if (!walk(
             tree, [&] { open.emplace_back(); }, leave, meet))

@@ -70,9 +70,8 @@ bool isAgreed(const std::wstring& path, int version) {
            || refuse(versionFound(path, version) + L"its upgrade was not agreed to");
 }
 
-// The user's box may run code that sets another line.
 bool refuseWithMessage(const std::wstring& path, int version) {
-    const std::wstring why = NORLEX_lastError();
+    const std::wstring why = NORLEX_lastError(); // NOLINT: the user's box may set another line
     messages::showError(stringTable::text(stringTable::upgradeFailed, path));
     return refuse(sql(versionFound(path, version), L"its upgrade failed and was undone: ", why));
 }

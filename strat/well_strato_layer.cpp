@@ -61,6 +61,7 @@ bool hasTemplate(odbc_database* db, const std::wstring& name) {
                          + L"\" is no column with the text fields akro, system, otdel, subotdel "
                            L"and yarus; the name of one, or of a new template, is expected");
     std::vector<std::wstring> fields;
+    fields.reserve(levelFields.size());
     for (const auto& field : levelFields)
         fields.emplace_back(field.name);
     return NORLEX_propTemplate::createFromType(
@@ -79,8 +80,9 @@ public:
 
     // Of the first of the texts that names anything.
     const values& of(const std::wstring& text, const std::wstring& otherwise) {
+        const values nothing;
         const values& first = of(text);
-        return first == values() && otherwise != text ? of(otherwise) : first;
+        return first == nothing && otherwise != text ? of(otherwise) : first;
     }
 
 private:

@@ -15,6 +15,7 @@ enum : unsigned int { depth = 1901, top = 1902, bottom = 1903 };
 
 std::vector<std::wstring> namesOf(const std::vector<NORLEX_fieldDescr>& fields) {
     std::vector<std::wstring> names;
+    names.reserve(fields.size());
     for (const auto& field : fields)
         names.push_back(field.name);
     return names;

@@ -31,6 +31,7 @@ bool isCopied(NORLEX_dataType type) {
 
 std::vector<NORLEX_dataType> typesOf(const std::vector<std::wstring>& storedNames) {
     std::vector<NORLEX_dataType> types;
+    types.reserve(storedNames.size());
     for (const auto& name : storedNames)
         types.push_back(getDataTypeByEnum(name));
     return types;

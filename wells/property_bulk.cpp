@@ -90,11 +90,10 @@ bool stampAndAnnounce(odbc_database& db,
         const auto well = wellRecords::read(db, targets[i].wellId);
         if (!well || !propertyRecords::touch(db, targets[i].id))
             return false;
-        announce::afterCommit(db,
-                              [well = *well, prop = names::plain(names[i].property)](
-                                  auto& observer, const auto& container) {
-                                  observer.updateDataProperty(0, container, well, prop);
-                              });
+        const NORLEX_propDescription prop = names::plain(names[i].property);
+        announce::afterCommit(db, [well = *well, prop](auto& observer, const auto& container) {
+            observer.updateDataProperty(0, container, well, prop);
+        });
     }
     return true;
 }

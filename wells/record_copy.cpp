@@ -53,6 +53,7 @@ private:
 
 std::vector<std::int64_t> keysOf(const std::vector<propertyFields::row>& fields) {
     std::vector<std::int64_t> keys;
+    keys.reserve(fields.size());
     for (const auto& field : fields)
         keys.push_back(field.fieldId);
     return keys;
