@@ -31,6 +31,13 @@ constexpr std::array<std::pair<const char*, const char*>, 8> settings = {{
     {"Debug", "0"},
 }};
 
+// What it does unless told otherwise, in seconds: a network that was cut is known in minutes, where
+// the system alone would wait for hours.
+constexpr std::array<std::pair<const char*, const char*>, 2> defaults = {{
+    {"KeepaliveTime", "60"},
+    {"KeepaliveInterval", "10"},
+}};
+
 std::string odbcString(std::string_view connectionString) {
     auto pairs = connectionPairs::parse(connectionString);
     std::erase_if(pairs, [](const auto& one) {
@@ -45,6 +52,9 @@ std::string odbcString(std::string_view connectionString) {
     out.insert(out.end(), pairs.begin(), pairs.end());
     for (const auto& [name, value] : settings)
         out.push_back({name, value});
+    for (const auto& [name, value] : defaults)
+        if (!connectionPairs::find(pairs, name))
+            out.push_back({name, value});
     return connectionPairs::join(out);
 }
 
