@@ -4,6 +4,7 @@
 #include "eventMsgDescription.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "store/journal.h"
 #include "wells/names.h"
@@ -20,14 +21,15 @@ corEdit::corEdit(odbc_database* db, const NORLEX_propDescription& cor)
         return;
     m_id = corRows::find(*db, m_prop.name);
     if (m_id == 0)
-        refuse(L"there is no correlation " + quote(m_prop.name));
+        refuseMissing(db, L"there is no correlation " + quote(m_prop.name));
 }
 
 std::int64_t corEdit::border(const std::wstring& name) const {
     const std::int64_t found = corRows::findBorder(*m_db, m_id, name);
     if (found == 0)
-        refuse(L"the correlation " + quote(m_prop.name) + L" has no border "
-               + quote(sqlText::plainName(name)));
+        refuseMissing(m_db,
+                      L"the correlation " + quote(m_prop.name) + L" has no border "
+                          + quote(sqlText::plainName(name)));
     return found;
 }
 

@@ -3,6 +3,7 @@
 #include "correlation/cor_rows.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "wells/query.h"
 
@@ -91,7 +92,7 @@ bool correlation::loadData(odbc_database* db,
         return false;
     const auto id = corRows::find(*db, cor.name);
     if (id == 0)
-        return refuse(L"there is no correlation " + quote(plainName(cor.name)));
+        return refuseMissing(db, L"there is no correlation " + quote(plainName(cor.name)));
     const auto found = well.find(*db);
     if (!found)
         return false;

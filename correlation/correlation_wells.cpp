@@ -7,7 +7,7 @@
 #include "correlation/mirrors.h"
 #include "correlation/pick_rows.h"
 #include "odbc_database.h"
-#include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "wells/announce.h"
 #include "wells/names.h"
@@ -99,7 +99,7 @@ std::optional<NORLEX_wellDescription> wellRef::find(odbc_database& db) const {
     out.wellId = wellRecords::find(db, out);
     if (out.wellId != 0)
         return out;
-    refuse(L"there is no well " + names::shown(out));
+    refuseMissing(&db, L"there is no well " + names::shown(out));
     return std::nullopt;
 }
 

@@ -3,6 +3,7 @@
 #include "NORLEX_propTemplate.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
@@ -121,7 +122,7 @@ bool create(odbc_database& db,
     const auto standard = propertyRecords::standardTemplate(db, NORLEX_dataTypeBorder);
     const NORLEX_propTemplate source(&db, standard);
     if (!source.isOK())
-        return refuse(L"there is no property template of correlation borders");
+        return refuseMissing(&db, L"there is no property template of correlation borders");
     if (!names::areStorable(prop) || !insertProperties(db, prop, source.getID(), wells)
         || !readKeys(db, prop, wells, made))
         return false;

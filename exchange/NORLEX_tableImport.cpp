@@ -7,6 +7,7 @@
 #include "exchange/well_index.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/numbers.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
@@ -121,7 +122,7 @@ bool tableImport::findWells() {
     m_options.well = names::plain(m_options.well);
     m_options.well.wellId = wellRecords::find(m_db, m_options.well);
     if (m_options.well.wellId == 0)
-        return refuse(L"there is no well " + names::shown(m_options.well));
+        return refuseMissing(&m_db, L"there is no well " + names::shown(m_options.well));
     m_wells.add({}, m_options.well);
     return true;
 }

@@ -7,6 +7,7 @@
 #include "odbc_database.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "wells/query.h"
 
@@ -97,7 +98,8 @@ bool writeAll(odbc_database* db,
     using store = correlation::correlation;
     const auto id = store::getCorrelationID(db, options.correlation);
     if (id == 0)
-        return refuse(L"there is no correlation \"" + plainName(options.correlation.name) + L"\"");
+        return refuseMissing(
+            db, L"there is no correlation \"" + plainName(options.correlation.name) + L"\"");
     std::vector<correlation::borderName> borders;
     store::getBordersBase(db, id, borders);
     return files::replace(path, [&](std::FILE* file) {

@@ -3,6 +3,7 @@
 #include "NORLEX_propTemplate.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/row_inserter.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
@@ -46,7 +47,8 @@ bool propertyTargets::open() {
 bool propertyTargets::openTemplate() {
     const NORLEX_propTemplate source(&m_db, m_options.templateName);
     if (!source.isOK())
-        return refuse(L"there is no property template \"" + m_options.templateName + L"\"");
+        return refuseMissing(&m_db,
+                             L"there is no property template \"" + m_options.templateName + L"\"");
     m_templateId = source.getID();
     m_kind = propertyRecords::geometryOf(source.getType());
     if (m_kind != geometry::points && m_kind != geometry::intervals)

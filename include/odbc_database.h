@@ -40,6 +40,10 @@ public:
     // follow from rows that are missing must not be committed.
     [[nodiscard]] std::unique_ptr<odbc_result> query(std::wstring_view statement);
 
+    // Whether the engine answered the last query, and its rows as far as they were asked for. Where
+    // it did not, that there was no row says nothing.
+    [[nodiscard]] bool is_answered() const;
+
     // Rows that the last exec() inserted, changed or deleted.
     [[nodiscard]] std::int64_t affected_rows() const;
 

@@ -47,6 +47,7 @@ struct odbc_database::connection {
     std::vector<level> levels;
     std::vector<std::function<void()>> actions; // to run after the commit
     transaction_files changedFiles;
+    bool isAnswered = true; // the last query
 
     bool fail(std::wstring text) {
         error = std::move(text);
@@ -56,6 +57,7 @@ struct odbc_database::connection {
     // A query failed for a reason that is not its own.
     void doom(const std::string& why) {
         fail(ts::strconv::fromUtf8(why));
+        isAnswered = false;
         if (!levels.empty())
             levels.back().doomed = true;
     }
@@ -135,6 +137,7 @@ std::unique_ptr<odbc_result> odbc_database::query(std::wstring_view statement) {
     if (!c.driver || statement.find(L'\0') != std::wstring_view::npos
         || !ts::strconv::isText(statement))
         return nullptr;
+    c.isAnswered = true;
     auto cursor = c.driver->query(ts::strconv::toUtf8(statement));
     if (!cursor) {
         c.error = ts::strconv::fromUtf8(c.driver->error());
@@ -144,6 +147,10 @@ std::unique_ptr<odbc_result> odbc_database::query(std::wstring_view statement) {
     }
     return std::make_unique<odbc_result>(
         std::move(cursor), [&c] { c.doom("the rows of a query could not be read to their end"); });
+}
+
+bool odbc_database::is_answered() const {
+    return m_connection->isAnswered;
 }
 
 std::int64_t odbc_database::affected_rows() const {

@@ -6,6 +6,7 @@
 #include "platform/archive.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/progress.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
@@ -114,7 +115,8 @@ bool extractAll(const archive_reader& archive, const work_folder& work) {
 bool isSound(odbc_database& db, const std::wstring& archive) {
     std::vector<NORLEX_checkFinding> damages;
     if (upgrade::storedVersion(db) == 0)
-        return refuse(sql(archive, L" holds no container: the schema version cannot be read"));
+        return refuseMissing(
+            &db, sql(archive, L" holds no container: the schema version cannot be read"));
     if (!containerCheck::checkEngine(db, damages))
         return false;
     return damages.empty()

@@ -2,7 +2,7 @@
 
 #include "eventMsgDescription.h"
 #include "odbc_database.h"
-#include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "templates/dictionary_state.h"
 #include "templates/template_queries.h"
@@ -40,7 +40,7 @@ NORLEX_dictionary::NORLEX_dictionary(odbc_database* db, const std::wstring& name
         *db, 0U, [this](const eventMsgDescription& message) { onGlobalUpdate(message); });
     loadData();
     if (!m_state->ok)
-        refuse(sql(L"there is no dictionary \"", name, L"\""));
+        refuseMissing(db, sql(L"there is no dictionary \"", name, L"\""));
 }
 
 NORLEX_dictionary::~NORLEX_dictionary() {

@@ -1,7 +1,7 @@
 #include "NORLEX_propTemplate.h"
 
 #include "odbc_database.h"
-#include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/audit.h"
@@ -25,7 +25,7 @@ NORLEX_propTemplate::NORLEX_propTemplate(odbc_database* db, const std::wstring& 
     const auto rows = db->query(
         sql(L"SELECT description, bt_id, type FROM base_template WHERE name =", quoted(name)));
     if (!rows || !rows->next()) {
-        refuse(sql(L"there is no template \"", name, L"\""));
+        refuseMissing(db, sql(L"there is no template \"", name, L"\""));
         return;
     }
     m_description = rows->get_text(0);

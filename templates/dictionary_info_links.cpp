@@ -3,6 +3,7 @@
 #include "eventMsgDescription.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "templates/dictionary_news.h"
@@ -19,14 +20,14 @@ std::int64_t infoKeyOf(odbc_database& db, const std::wstring& infoKey) {
     const auto id = templateQueries::counter(
         &db, sql(L"SELECT i_id FROM well_info_struct WHERE key = ", quoted(infoKey)));
     if (id == 0)
-        refuse(L"the well information has no key \"" + infoKey + L"\"");
+        refuseMissing(&db, L"the well information has no key \"" + infoKey + L"\"");
     return id;
 }
 
 std::int64_t dictionaryOf(odbc_database& db, const std::wstring& name) {
     const auto id = NORLEX_dictionary::getDictID(&db, name);
     if (id == 0)
-        refuse(L"there is no dictionary \"" + name + L"\"");
+        refuseMissing(&db, L"there is no dictionary \"" + name + L"\"");
     return id;
 }
 

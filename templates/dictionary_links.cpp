@@ -3,6 +3,7 @@
 #include "eventMsgDescription.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/numbers.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
@@ -66,7 +67,7 @@ std::int64_t keyOf(odbc_database& db, const std::wstring& dictionary) {
     const auto id = templateQueries::counter(
         &db, sql(L"SELECT dict_id from dict_main WHERE name = ", quoted(dictionary)));
     if (id == 0)
-        refuse(L"there is no dictionary \"" + dictionary + L"\"");
+        refuseMissing(&db, L"there is no dictionary \"" + dictionary + L"\"");
     return id;
 }
 
@@ -76,7 +77,7 @@ std::optional<NORLEX_dict_link> readLink(odbc_database& db, std::uint32_t linkId
     if (rows && rows->next())
         return NORLEX_dict_link{
             {rows->get_text(1), rows->get_text(0)}, rows->get_text(2), std::wstring()};
-    refuse(sql(L"there is no binding with the key ", key(linkId)));
+    refuseMissing(&db, sql(L"there is no binding with the key ", key(linkId)));
     return std::nullopt;
 }
 

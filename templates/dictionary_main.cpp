@@ -3,6 +3,7 @@
 #include "eventMsgDescription.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/numbers.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
@@ -30,8 +31,8 @@ bool isFree(odbc_database& db, const std::wstring& name) {
            || refuse(L"there is a dictionary \"" + name + L"\" already; another name is expected");
 }
 
-bool refuseMissing(const std::wstring& name) {
-    return refuse(L"there is no dictionary \"" + name + L"\"");
+bool refuseUnknown(const odbc_database* db, const std::wstring& name) {
+    return refuseMissing(db, L"there is no dictionary \"" + name + L"\"");
 }
 
 } // namespace
@@ -74,7 +75,7 @@ bool NORLEX_dictionary::rename(odbc_database* db,
     if (!edited.isOpen())
         return false;
     if (!isExist(db, oldName))
-        return refuseMissing(oldName);
+        return refuseUnknown(db, oldName);
     if (oldName == newName)
         return edited.commit();
     if (!isFree(*db, newName)
@@ -97,7 +98,7 @@ bool NORLEX_dictionary::deleteDict(odbc_database* db, const std::wstring& name) 
     const auto id = templateQueries::counter(
         db, sql(L"SELECT dict_id FROM dict_main WHERE name = ", quoted(name)));
     if (id == 0)
-        return refuseMissing(name);
+        return refuseUnknown(db, name);
     if (!db->exec(sql(L"DELETE FROM dict_values WHERE dict_id = ", key(id)))
         || !db->exec(sql(L"DELETE FROM dict_main WHERE name = ", quoted(name))))
         return false;
@@ -157,7 +158,7 @@ bool NORLEX_dictionary::swapData(odbc_database* db, const std::wstring& name) {
         return false;
     const auto id = getDictID(db, name);
     if (id == 0)
-        return refuseMissing(name);
+        return refuseUnknown(db, name);
     if (!db->exec(
             sql(L"UPDATE dict_values SET value = code, code = value WHERE dict_id = ", key(id)))
         || !updateEditTimeDict(db, name))

@@ -2,6 +2,7 @@
 #include "NORLEX_propTemplate.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/journal.h"
@@ -109,8 +110,8 @@ bool NORLEX_propTemplate::createFromTemplate(odbc_database* db,
         return false;
     const NORLEX_propTemplate source(db, sourceName);
     if (!source.isOK())
-        return refuse(
-            sql(cannotCreate(newName), L"there is no template \"", sourceName, L"\" to copy"));
+        return refuseMissing(
+            db, sql(cannotCreate(newName), L"there is no template \"", sourceName, L"\" to copy"));
     return makeTemplate(db, source.getType(), newName, source.getFieldList(), fields, announce)
            && change.commit();
 }

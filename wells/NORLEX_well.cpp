@@ -4,6 +4,7 @@
 #include "globalEventObserver.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/audit.h"
@@ -95,7 +96,7 @@ bool NORLEX_well::open(const NORLEX_wellDescription& description) {
     const auto well = names::plain(description);
     const std::uint32_t wellId = wellRecords::find(*m_db, well);
     if (wellId == 0)
-        return refuse(L"there is no well " + names::shown(well));
+        return refuseMissing(m_db, L"there is no well " + names::shown(well));
     return openRow(wellId);
 }
 
@@ -105,7 +106,7 @@ bool NORLEX_well::openRow(std::uint32_t wellId) {
     const auto row =
         m_db->query(sql(L"SELECT w_id, UUID FROM well_base WHERE w_id = ", key(wellId)));
     if (!row || !row->next())
-        return refuse(L"there is no well with the key " + key(wellId));
+        return refuseMissing(m_db, L"there is no well with the key " + key(wellId));
     m_wellId = wellId;
     m_uuid = row->get_text(1);
     m_ok = true;

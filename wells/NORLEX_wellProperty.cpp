@@ -3,6 +3,7 @@
 #include "NORLEX_propTemplate.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "platform/transaction_files.h"
@@ -58,7 +59,7 @@ bool NORLEX_wellProperty::create(odbc_database* db,
         return false;
     const NORLEX_propTemplate source(db, templateName);
     if (!source.isOK())
-        return refuse(L"there is no property template " + templateName);
+        return refuseMissing(db, L"there is no property template " + templateName);
     transaction edit(db);
     if (!edit.isOpen())
         return false;
@@ -90,8 +91,9 @@ bool NORLEX_wellProperty::create(odbc_database* db,
         return false;
     const std::wstring standard = propertyRecords::standardTemplate(*db, type);
     if (standard.empty())
-        return refuse(L"there is no property template of type " + std::to_wstring(type)
-                      + L"; name a template instead");
+        return refuseMissing(db,
+                             L"there is no property template of type " + std::to_wstring(type)
+                                 + L"; name a template instead");
     return create(db, wellId, standard, prop);
 }
 

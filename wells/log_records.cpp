@@ -3,6 +3,7 @@
 #include "NORLEX_propTemplate.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction_files.h"
 #include "store/journal.h"
@@ -28,7 +29,8 @@ maker::maker(odbc_database& db, std::uint32_t wellId, bool isNewWell) : m_db(db)
     m_wellPath = NORLEX_getWellPath(&db, m_well);
     const NORLEX_propTemplate logs(&db, propertyRecords::standardTemplate(db, NORLEX_dataTypeLog));
     if (!logs.isOK()) {
-        refuse(L"there is no template of logs in this container; the standard one is expected");
+        refuseMissing(
+            &db, L"there is no template of logs in this container; the standard one is expected");
         return;
     }
     m_templateId = logs.getID();

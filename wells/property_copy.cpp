@@ -3,6 +3,7 @@
 #include "NORLEX_wellProperty.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/metadata.h"
@@ -121,8 +122,9 @@ bool NORLEX_wellProperty::copy(odbc_database* db,
     const std::int64_t sourceId = propertyRecords::find(*db, srcWell, srcProp);
     const auto source = sourceId != 0 ? propertyRecords::read(*db, sourceId) : std::nullopt;
     if (!source)
-        return refuse(L"the well with the key " + key(srcWell) + L" has no property "
-                      + names::shown(srcProp));
+        return refuseMissing(db,
+                             L"the well with the key " + key(srcWell) + L" has no property "
+                                 + names::shown(srcProp));
     const auto kind = propertyRecords::geometryOf(source->type);
     if (kind != geometry::points && kind != geometry::intervals && kind != geometry::samples)
         return refuse(L"the property " + names::shown(srcProp)

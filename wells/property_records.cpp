@@ -2,6 +2,7 @@
 
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
 #include "wells/query.h"
@@ -63,7 +64,7 @@ std::optional<row> read(odbc_database& db, std::int64_t propertyId) {
         key(propertyId)));
     if (rows && rows->next())
         return rowOf(*rows);
-    refuse(L"there is no property with the key " + key(propertyId));
+    refuseMissing(&db, L"there is no property with the key " + key(propertyId));
     return std::nullopt;
 }
 

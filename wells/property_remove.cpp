@@ -3,6 +3,7 @@
 #include "NORLEX_wellProperty.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "store/journal.h"
@@ -52,8 +53,9 @@ bool NORLEX_wellProperty::removeSilent(odbc_database* db,
         return false;
     const auto property = findRow(*db, wellId, prop);
     if (property.id == 0)
-        return refuse(L"the well with the key " + key(wellId) + L" has no property "
-                      + names::shown(prop));
+        return refuseMissing(db,
+                             L"the well with the key " + key(wellId) + L" has no property "
+                                 + names::shown(prop));
     return propertyRemoval::remove(*db, prop, {property}) && wellRecords::touch(*db, wellId)
            && edit.commit();
 }

@@ -2,6 +2,7 @@
 #include "NORLEX_well.h"
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/numbers.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
@@ -76,7 +77,7 @@ bool NORLEX_well::setPosition(odbc_database* db,
     transaction edit(db);
     const std::uint32_t wellId = edit.isOpen() ? wellRecords::find(*db, well) : 0;
     if (wellId == 0)
-        return refuse(L"there is no well " + names::shown(well));
+        return refuseMissing(db, L"there is no well " + names::shown(well));
     if (!db->exec(sql(L"UPDATE well_base SET x =",
                       number(x),
                       L", y =",

@@ -1,7 +1,7 @@
 // The properties of a well: made, opened, removed, listed.
 #include "NORLEX_well.h"
 #include "odbc_database.h"
-#include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "store/metadata.h"
 #include "wells/header_attributes.h"
@@ -56,7 +56,7 @@ NORLEX_well::createPropertyFromTemplatePtr(const std::wstring& templateName,
 std::unique_ptr<NORLEX_wellProperty> NORLEX_well::openProperty(const NORLEX_propDescription& prop) {
     const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
     if (!m_ok || id == 0) {
-        refuse(L"the well has no property " + names::shown(prop));
+        refuseMissing(m_db, L"the well has no property " + names::shown(prop));
         return nullptr;
     }
     auto property = std::make_unique<NORLEX_wellProperty>(m_db, id, getIncl(), getVDM());

@@ -1,6 +1,7 @@
 // The depths that the properties of a well span.
 #include "NORLEX_well.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "store/well_path.h"
 #include "wells/names.h"
 #include "wells/property_records.h"
@@ -16,7 +17,8 @@ bool NORLEX_well::rangeOf(const NORLEX_propDescription& given,
     const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
     const auto row = id != 0 ? propertyRecords::read(*m_db, id) : std::nullopt;
     if (!row || !isMeant(row->type))
-        return refuse(L"the well has no property " + names::shown(prop) + L" of the kind");
+        return refuseMissing(m_db,
+                             L"the well has no property " + names::shown(prop) + L" of the kind");
     const auto summary = propertySummary::of(*m_db, m_wellId, {*row}).front();
     if (!summary.range)
         return refuse(L"the property " + names::shown(prop) + L" holds no records");
@@ -57,7 +59,7 @@ bool NORLEX_well::getPropertyLasDepthRange(const NORLEX_propDescription& given,
     const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
     const auto row = id != 0 ? propertyRecords::read(*m_db, id) : std::nullopt;
     if (!row || row->type != NORLEX_dataTypeLog)
-        return refuse(L"the well has no log " + names::shown(prop));
+        return refuseMissing(m_db, L"the well has no log " + names::shown(prop));
     sampleFile::header head;
     const std::wstring path = samplePathOf(NORLEX_getWellPath(m_db, m_wellId), prop);
     if (sampleFile::readRange(path, head, range))

@@ -2,6 +2,7 @@
 
 #include "odbc_database.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "store/audit.h"
 #include "wells/query.h"
@@ -26,7 +27,7 @@ std::optional<NORLEX_wellDescription> read(odbc_database& db, std::uint32_t well
         sql(L"SELECT work_object, field, name, w_id FROM well_base WHERE w_id = ", key(wellId)));
     if (row && row->next())
         return NORLEX_wellDescription{row->get_text(0), row->get_text(1), row->get_text(2), wellId};
-    refuse(L"there is no well with the key " + key(wellId));
+    refuseMissing(&db, L"there is no well with the key " + key(wellId));
     return std::nullopt;
 }
 

@@ -2,7 +2,7 @@
 #include "NORLEX_well.h"
 #include "odbc_database.h"
 #include "platform/files.h"
-#include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "platform/transaction_files.h"
@@ -64,7 +64,7 @@ bool NORLEX_well::remove(odbc_database* db, const NORLEX_wellDescription& given)
         return false;
     well.wellId = wellRecords::find(*db, well);
     if (well.wellId == 0)
-        return refuse(L"there is no well " + names::shown(well));
+        return refuseMissing(db, L"there is no well " + names::shown(well));
     if (!removeProperties(*db, well.wellId) || !metadata::clear(*db, metadata::ofWell, well.wellId)
         || !removeFolder(*db, well) || !removeRows(*db, well.wellId)
         || !db->exec(sql(L"DELETE FROM well_base WHERE name = ",

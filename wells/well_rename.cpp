@@ -3,6 +3,7 @@
 #include "odbc_database.h"
 #include "platform/files.h"
 #include "platform/last_error.h"
+#include "platform/missing.h"
 #include "platform/sql_text.h"
 #include "platform/transaction.h"
 #include "platform/transaction_files.h"
@@ -116,7 +117,7 @@ bool NORLEX_well::renameProperty(const NORLEX_propDescription& oldProp,
         return false;
     const std::int64_t id = propertyRecords::find(*m_db, m_wellId, from);
     if (id == 0)
-        return refuse(L"the well has no property " + names::shown(from));
+        return refuseMissing(m_db, L"the well has no property " + names::shown(from));
     if (from == to)
         return edit.commit();
     if (isPropertyExist(to))
@@ -152,6 +153,6 @@ bool NORLEX_well::renamePropertyGroupLAS(const NORLEX_propDescription& prop,
     const std::int64_t id = NORLEX_wellProperty::getID(m_db, m_wellId, prop);
     const auto row = id != 0 ? propertyRecords::read(*m_db, id) : std::nullopt;
     if (!row || row->type != NORLEX_dataTypeLog)
-        return refuse(L"the well has no log " + names::shown(prop));
+        return refuseMissing(m_db, L"the well has no log " + names::shown(prop));
     return renameProperty(prop, {prop.name, newGroup});
 }

@@ -25,8 +25,8 @@ public:
     virtual void stop() = 0;
     // The first call that failed since, empty: none did.
     [[nodiscard]] virtual std::string fault() const = 0;
-    // Whether an operation that is refused for it tells the path.
-    [[nodiscard]] virtual bool areNamed() const { return true; }
+    // What the line of an operation that is refused for it holds.
+    [[nodiscard]] virtual std::wstring told(const std::wstring& folder) const { return folder; }
     // What failed may leave a file that should have gone.
     [[nodiscard]] virtual bool leavesFiles() const { return false; }
 };

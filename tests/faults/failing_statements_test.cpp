@@ -23,7 +23,7 @@ public:
         m_statements.stop();
     }
     [[nodiscard]] std::string fault() const override { return m_fault; }
-    [[nodiscard]] bool areNamed() const override { return false; } // tables are, and objects
+    [[nodiscard]] std::wstring told(const std::wstring&) const override { return L"made to fail"; }
 
 private:
     failing::statements m_statements;
