@@ -120,11 +120,11 @@ bool create(odbc_database& db,
         if (group != prop.group)
             return refuseGroup(prop, group);
     const auto standard = propertyRecords::standardTemplate(db, NORLEX_dataTypeBorder);
-    const NORLEX_propTemplate source(&db, standard);
-    if (!source.isOK())
+    if (standard.empty())
         return refuseMissing(&db, L"there is no property template of correlation borders");
-    if (!names::areStorable(prop) || !insertProperties(db, prop, source.getID(), wells)
-        || !readKeys(db, prop, wells, made))
+    const NORLEX_propTemplate source(&db, standard);
+    if (!source.isOK() || !names::areStorable(prop)
+        || !insertProperties(db, prop, source.getID(), wells) || !readKeys(db, prop, wells, made))
         return false;
     const auto fields = source.getFieldList();
     return std::ranges::all_of(fields,

@@ -27,12 +27,15 @@ maker::maker(odbc_database& db, std::uint32_t wellId, bool isNewWell) : m_db(db)
         return;
     m_well = *well;
     m_wellPath = NORLEX_getWellPath(&db, m_well);
-    const NORLEX_propTemplate logs(&db, propertyRecords::standardTemplate(db, NORLEX_dataTypeLog));
-    if (!logs.isOK()) {
+    const std::wstring standard = propertyRecords::standardTemplate(db, NORLEX_dataTypeLog);
+    if (standard.empty()) {
         refuseMissing(
             &db, L"there is no template of logs in this container; the standard one is expected");
         return;
     }
+    const NORLEX_propTemplate logs(&db, standard);
+    if (!logs.isOK())
+        return;
     m_templateId = logs.getID();
     m_fields = logs.getFieldList();
     m_ok = true;
